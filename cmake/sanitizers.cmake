@@ -1,0 +1,13 @@
+# Sanitizers and coverage apply to everything that is built in the tree.
+if(KVX_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+  add_compile_definitions(_GLIBCXX_ASSERTIONS)
+endif()
+if(KVX_COVERAGE)
+  add_compile_options(--coverage -fprofile-update=atomic)
+  add_link_options(--coverage)
+endif()
+if(KVX_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()

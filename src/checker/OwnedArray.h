@@ -1,0 +1,13 @@
+#pragma once
+
+#include "runtime/util/QVArray.h"
+
+/// An array of pointers that owns what it points to: whatever leaves a report, its list goes with it.
+template <class Element>
+class OwnedArray : public QVArray<Element*, Element*> {
+public:
+    OwnedArray() = default;
+    OwnedArray(const OwnedArray&) = delete;
+    OwnedArray& operator=(const OwnedArray&) = delete;
+    ~OwnedArray() { deleteElements(*this); }
+};

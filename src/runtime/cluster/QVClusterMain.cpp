@@ -1,0 +1,36 @@
+#include "runtime/cluster/QVClusterMain.h"
+
+#include "runtime/base/QVErrno.h"
+#include "runtime/base/operation.h"
+#include "runtime/host/host.h"
+
+// The cluster is described when a report asks for it (`QVCluster`); nothing is held open between start and stop.
+
+void QVClusterMain::mf_createInstance() {
+    if (operation::answersZero(L"QVClusterMain::mf_createInstance")) return;
+}
+
+void QVClusterMain::mf_deleteInstance() {
+    if (operation::answersZero(L"QVClusterMain::mf_deleteInstance")) return;
+}
+
+void QVClusterMain::mf_startClusterStorage(int flags) {
+    if (operation::answersZero(L"QVClusterMain::mf_startClusterStorage", formatted(L"%d", flags))) return;
+}
+
+int QVClusterMain::mf_stopClusterStorage() {
+    if (operation::answersZero(L"QVClusterMain::mf_stopClusterStorage")) return 0;
+    return 0;
+}
+
+void QVClusterMain::mf_startCluster(int flags) {
+    if (operation::answersZero(L"QVClusterMain::mf_startCluster", formatted(L"%d", flags))) return;
+    const auto cluster = host::cluster();
+    if (cluster.isMissing()) raise(QVErrno::_E_::Unspecific, L"this computer is not a node of a cluster");
+    if (!cluster.found()) raise(cluster.failure, L"the cluster service does not answer");
+}
+
+int QVClusterMain::mf_stopCluster() {
+    if (operation::answersZero(L"QVClusterMain::mf_stopCluster")) return 0;
+    return 0;
+}

@@ -1,0 +1,13 @@
+#include "runtime/host/described/state.h"
+#include "runtime/host/host.h"
+
+namespace host {
+
+Answer<ClusterFacts> cluster() {
+    const std::optional<described::ClusterDescription>& description = described::machine().cluster;
+    if (!description) return Answer<ClusterFacts>::missing();
+    return description->cause.any ? described::answerOf<ClusterFacts>(description->cause)
+                                  : description->facts;
+}
+
+}  // namespace host

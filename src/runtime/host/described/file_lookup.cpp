@@ -1,0 +1,39 @@
+#include "runtime/host/described/file_lookup.h"
+
+#include "runtime/host/described/windows_path.h"
+
+namespace described {
+
+namespace {
+
+/// The root directory of a drive that a volume has.
+const FileEntry rootDirectory{true, {}};
+
+const VolumeDescription* volumeOf(const Machine& machine, const std::wstring& key) {
+    if (key.size() < 2 || key[1] != L':') return nullptr;
+    const auto found = machine.volumes.volumes.find(key.substr(0, 2));
+    return found == machine.volumes.volumes.end() ? nullptr : &found->second;
+}
+
+const FileEntry* entryOf(const Machine& machine, const std::wstring& key) {
+    const auto found = machine.files.entries.find(key);
+    return found == machine.files.entries.end() ? nullptr : &found->second;
+}
+
+}  // namespace
+
+LookedUp lookUp(const Machine& machine, const std::wstring& path) {
+    LookedUp result;
+    result.key = pathKey(fullPath(path, machine.system.currentDirectory));
+    result.entry = entryOf(machine, result.key);
+    const VolumeDescription* volume = volumeOf(machine, result.key);
+    if (volume != nullptr) result.cause = volume->cause;
+    if (volume != nullptr && result.entry == nullptr && result.key.size() == 2) result.entry = &rootDirectory;
+    for (std::wstring key = result.key; !result.cause.any && !key.empty(); key = parentKey(key)) {
+        const FileEntry* entry = entryOf(machine, key);
+        if (entry != nullptr) result.cause = entry->cause;
+    }
+    return result;
+}
+
+}  // namespace described

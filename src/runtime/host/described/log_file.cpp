@@ -1,0 +1,53 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+
+#include "runtime/host/described/console.h"
+#include "runtime/host/described/native_errors.h"
+#include "runtime/host/described/windows_path.h"
+#include "runtime/host/host.h"
+
+namespace host {
+
+namespace {
+
+class NativeFile : public AppendedFile {
+public:
+    explicit NativeFile(int descriptor) : m_descriptor(descriptor) {}
+    ~NativeFile() override { close(m_descriptor); }
+    NativeFile(const NativeFile&) = delete;
+    NativeFile& operator=(const NativeFile&) = delete;
+
+    bool append(std::string_view bytes) noexcept override { return described::writeAll(m_descriptor, bytes); }
+
+private:
+    int m_descriptor;
+};
+
+void rotate(const std::string& name, std::uint64_t rotateAbove, const std::string& rotatedName) {
+    struct stat status {};
+    if (stat(name.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return;
+    if (static_cast<std::uint64_t>(status.st_size) > rotateAbove)
+        std::rename(name.c_str(), rotatedName.c_str());
+}
+
+}  // namespace
+
+Answer<std::unique_ptr<AppendedFile>> openForAppending(const std::wstring& name, std::uint64_t rotateAbove,
+                                                       const std::wstring& rotatedName) {
+    using Result = Answer<std::unique_ptr<AppendedFile>>;
+    if (described::isDescribedPath(name))
+        return described::answerOf<std::unique_ptr<AppendedFile>>(described::nativeCause(EACCES));
+    const std::string nativeName = described::nativeName(name);
+    rotate(nativeName, rotateAbove, described::nativeName(rotatedName));
+    const int flags = O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK;
+    const int descriptor = open(nativeName.c_str(), flags, 0666);
+    if (descriptor < 0)
+        return described::answerOf<std::unique_ptr<AppendedFile>>(described::nativeCause(errno));
+    return Result(std::make_unique<NativeFile>(descriptor));
+}
+
+}  // namespace host

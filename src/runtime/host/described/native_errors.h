@@ -1,0 +1,17 @@
+#pragma once
+
+/// Errors of this computer, as Windows names them.
+
+#include <cstdint>
+
+#include "runtime/host/described/machine.h"
+
+namespace described {
+
+/// The code of Windows for an errno value.
+std::uint32_t windowsCodeOf(int error);
+
+/// The cause that a failing call of this computer is.
+Cause nativeCause(int error);
+
+}  // namespace described

@@ -1,0 +1,106 @@
+#include "runtime/host/described/environment.h"
+#include "runtime/host/described/fold.h"
+#include "runtime/host/described/state.h"
+#include "runtime/host/host.h"
+
+namespace host {
+
+namespace {
+
+constexpr std::uint32_t badPathName = 161;
+
+/// A key, or why there is none.
+struct FoundKey {
+    const described::RegistryKey* key = nullptr;
+    described::Cause cause;
+};
+
+FoundKey findKey(const std::wstring& keyPath) {
+    if (keyPath.starts_with(L'\\')) return {nullptr, {true, false, badPathName}};
+    const described::Registry& registry = described::machine().registry;
+    std::wstring path = described::folded(keyPath);
+    while (path.ends_with(L'\\'))
+        path.pop_back();
+    for (std::size_t end = path.find(L'\\'); end != std::wstring::npos; end = path.find(L'\\', end + 1)) {
+        const auto above = registry.find(path.substr(0, end));
+        if (above != registry.end() && above->second.cause.any) return {nullptr, above->second.cause};
+    }
+    const auto found = registry.find(path);
+    if (found == registry.end()) return {};
+    return {&found->second, found->second.cause};
+}
+
+/// The stored units up to the first NUL; a single byte at the end is no unit.
+std::wstring storedText(const std::string& bytes) {
+    std::wstring text;
+    for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
+        const auto low = static_cast<unsigned char>(bytes[at]);
+        const auto high = static_cast<unsigned char>(bytes[at + 1]);
+        if (low == 0 && high == 0) break;
+        text += static_cast<wchar_t>(low | high << 8);
+    }
+    return text;
+}
+
+std::uint32_t storedNumber(const std::string& bytes) {
+    std::uint32_t number = 0;
+    for (std::size_t index = 4; index-- > 0;)
+        number = number << 8U | static_cast<unsigned char>(bytes[index]);
+    return number;
+}
+
+std::wstring typeName(std::uint32_t type) {
+    static constexpr const wchar_t* names[] = {L"REG_NONE",
+                                               L"REG_SZ",
+                                               L"REG_EXPAND_SZ",
+                                               L"REG_BINARY",
+                                               L"REG_DWORD",
+                                               L"REG_DWORD_BIG_ENDIAN",
+                                               L"REG_LINK",
+                                               L"REG_MULTI_SZ",
+                                               L"REG_RESOURCE_LIST",
+                                               L"REG_FULL_RESOURCE_DESCRIPTOR",
+                                               L"REG_RESOURCE_REQUIREMENTS_LIST",
+                                               L"REG_QWORD"};
+    return type < std::size(names) ? names[type] : L"type " + std::to_wstring(type);
+}
+
+RegistryValue valueOf(const described::RegistryData& data) {
+    RegistryValue value;
+    value.typeName = typeName(data.type);
+    if (data.type == described::registryText) {
+        value.kind = RegistryValue::Kind::text;
+        value.text = storedText(data.bytes);
+    } else if (data.type == described::registryExpandedText) {
+        value.kind = RegistryValue::Kind::text;
+        value.text = described::expanded(described::machine(), storedText(data.bytes));
+    } else if (data.type == described::registryNumber && data.bytes.size() == 4) {
+        value.kind = RegistryValue::Kind::number;
+        value.number = storedNumber(data.bytes);
+    } else if (data.type == described::registryNumber) {
+        value.typeName += L" of " + std::to_wstring(data.bytes.size()) + L" bytes";
+    }
+    return value;
+}
+
+constexpr std::initializer_list<std::uint32_t> codesOfMissing = {2, 3};
+
+}  // namespace
+
+Answer<Done> registryKey(const std::wstring& keyPath) {
+    const FoundKey found = findKey(keyPath);
+    if (found.cause.any) return described::answerOf<Done>(found.cause, codesOfMissing);
+    return found.key != nullptr ? Answer<Done>(Done{}) : Answer<Done>::missing();
+}
+
+Answer<RegistryValue> registryValue(const std::wstring& keyPath, const std::wstring& valueName) {
+    const FoundKey found = findKey(keyPath);
+    if (found.cause.any) return described::answerOf<RegistryValue>(found.cause, codesOfMissing);
+    if (found.key == nullptr) return Answer<RegistryValue>::missing();
+    const auto value = found.key->values.find(described::folded(valueName));
+    if (value == found.key->values.end()) return Answer<RegistryValue>::missing();
+    const described::Cause& cause = value->second.cause;
+    return cause.any ? described::answerOf<RegistryValue>(cause, codesOfMissing) : valueOf(value->second);
+}
+
+}  // namespace host

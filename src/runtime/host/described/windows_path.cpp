@@ -1,0 +1,111 @@
+#include "runtime/host/described/windows_path.h"
+
+#include <vector>
+
+#include "runtime/host/described/fold.h"
+#include "runtime/host/utf.h"
+
+namespace described {
+
+namespace {
+
+using Parts = std::vector<std::wstring_view>;
+
+bool isDriveLetter(wchar_t unit) {
+    return (unit >= L'A' && unit <= L'Z') || (unit >= L'a' && unit <= L'z');
+}
+
+bool hasDrive(std::wstring_view path) {
+    return path.size() >= 2 && isDriveLetter(path[0]) && path[1] == L':';
+}
+
+/// "\\?" and "\\.": what stands below them, a drive too, is a name like any other, which ".." can leave.
+std::wstring_view deviceRootOf(std::wstring_view path) {
+    const bool has = path.starts_with(L"\\\\?\\") || path.starts_with(L"\\\\.\\");
+    return has ? path.substr(0, 3) : std::wstring_view();
+}
+
+/// "C:", "\\server\share", or nothing for a path that begins at no root.
+std::wstring_view rootOf(std::wstring_view path) {
+    if (hasDrive(path)) return path.substr(0, 2);
+    if (!path.starts_with(L"\\\\")) return {};
+    const std::size_t server = path.find(L'\\', 2);
+    if (server == std::wstring_view::npos) return path;
+    return path.substr(0, path.find(L'\\', server + 1));
+}
+
+void appendParts(Parts& parts, std::wstring_view path) {
+    while (!path.empty()) {
+        const std::size_t end = path.find(L'\\');
+        const std::wstring_view part = path.substr(0, end);
+        path.remove_prefix(end == std::wstring_view::npos ? path.size() : end + 1);
+        if (part.empty() || part == L".") continue;
+        if (part != L"..") {
+            parts.push_back(part);
+        } else if (!parts.empty()) {
+            parts.pop_back();
+        }
+    }
+}
+
+/// Blanks and periods at the end of the last name are no part of it.
+void trimLastName(std::wstring& path, std::size_t rootLength) {
+    while (path.size() > rootLength + 1 && (path.back() == L' ' || path.back() == L'.'))
+        path.pop_back();
+}
+
+}  // namespace
+
+bool isDescribedPath(std::wstring_view path) {
+    return !path.empty() && (path[0] == L'\\' || path[0] == L'/' || hasDrive(path));
+}
+
+std::wstring fullPath(std::wstring_view given, std::wstring_view currentDirectory) {
+    std::wstring path(given);
+    for (wchar_t& unit : path) {
+        if (unit == L'/') unit = L'\\';
+    }
+    const std::wstring_view view = path;
+    const std::wstring_view currentRoot = rootOf(currentDirectory);
+    const std::wstring_view deviceRoot = deviceRootOf(view);
+    std::wstring_view root = deviceRoot.empty() ? rootOf(view) : deviceRoot;
+    const std::wstring_view rest = view.substr(root.size());
+    Parts parts;
+    const bool fromRoot = rest.starts_with(L'\\') || root.size() > 2;
+    const bool onCurrentRoot = root.empty() || equalFolded(root, currentRoot);
+    if (!fromRoot && onCurrentRoot) appendParts(parts, currentDirectory.substr(currentRoot.size()));
+    if (root.empty()) root = currentRoot;
+    appendParts(parts, rest);
+    std::wstring result(root);
+    for (const std::wstring_view part : parts)
+        result.append(L"\\").append(part);
+    if (!rest.ends_with(L'\\')) trimLastName(result, root.size());
+    const bool isBareRoot = parts.empty() && (root.size() == 2 || !deviceRoot.empty());
+    if ((rest.ends_with(L'\\') || isBareRoot) && !result.ends_with(L'\\')) result += L'\\';
+    return result;
+}
+
+std::wstring pathKey(std::wstring_view fullPath) {
+    if (fullPath.starts_with(L"\\\\?\\") && hasDrive(fullPath.substr(4))) fullPath.remove_prefix(4);
+    std::wstring key = folded(fullPath);
+    while (!key.empty() && key.back() == L'\\')
+        key.pop_back();
+    return key;
+}
+
+std::wstring parentKey(std::wstring_view key) {
+    const std::size_t rootLength = rootOf(key).size();
+    const std::size_t end = key.rfind(L'\\');
+    if (end == std::wstring_view::npos || end < rootLength) return {};
+    return std::wstring(key.substr(0, end));
+}
+
+std::string nativeName(std::wstring_view path) {
+    std::string name = host::toUtf8(path);
+    for (char& byte : name) {
+        if (byte == '\\') byte = '/';
+    }
+    return name;
+}
+
+}  // namespace described

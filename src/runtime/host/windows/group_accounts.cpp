@@ -1,0 +1,59 @@
+#include "runtime/host/windows/group_accounts.h"
+
+#include <algorithm>
+
+namespace host::windows {
+
+namespace {
+
+/// Each name is asked for in two domains.
+constexpr std::size_t groupsAtOnce = namesAtOnce / 2;
+
+}  // namespace
+
+GroupAccounts::GroupAccounts(const std::wstring& server)
+    : m_server(server), m_domain(accountDomain(server).value), m_builtin(builtinDomainName(server)) {}
+
+std::vector<Account> GroupAccounts::of(const std::vector<std::wstring>& names) {
+    std::vector<std::wstring> unknown;
+    for (const std::wstring& name : names) {
+        if (!m_known.contains(name)) unknown.push_back(name);
+    }
+    for (std::size_t first = 0; first < unknown.size(); first += groupsAtOnce) {
+        lookUp(unknown, first, std::min(unknown.size(), first + groupsAtOnce));
+    }
+    std::vector<Account> accounts;
+    accounts.reserve(names.size());
+    for (const std::wstring& name : names)
+        accounts.push_back(m_known[name]);
+    return accounts;
+}
+
+void GroupAccounts::lookUp(const std::vector<std::wstring>& names, std::size_t first, std::size_t end) {
+    // Never a bare name: it would be looked for in every trusted domain.
+    std::vector<std::wstring> asked;
+    const std::wstring& own = m_domain.name.empty() ? m_builtin : m_domain.name;
+    for (std::size_t i = first; i < end; ++i)
+        asked.push_back(own + L'\\' + names[i]);
+    for (std::size_t i = first; i < end; ++i)
+        asked.push_back(m_builtin + L'\\' + names[i]);
+    const Answer<std::vector<Account>> found = accountsOfNames(m_server, asked);
+
+    const std::size_t count = end - first;
+    for (std::size_t i = 0; i < count; ++i) {
+        Account account{m_domain.name, names[first + i], {}};
+        if (found.found()) {
+            const Account& direct = found.value[i];
+            const Account& builtin = found.value[count + i];
+            if (!direct.sid.empty() || !builtin.sid.empty()) account = direct.sid.empty() ? builtin : direct;
+        }
+        m_known.insert_or_assign(names[first + i], std::move(account));
+    }
+}
+
+GroupAccounts& groupAccounts(const std::wstring& server) {
+    static std::map<std::wstring, GroupAccounts> ofServers;
+    return ofServers.try_emplace(server, server).first->second;
+}
+
+}  // namespace host::windows

@@ -1,0 +1,91 @@
+#include "runtime/host/host.h"
+#include "runtime/host/windows/errors.h"
+#include "runtime/host/windows/list_domain.h"
+#include "runtime/host/windows/net_api.h"
+#include "runtime/host/windows/sids.h"
+
+namespace host {
+
+namespace {
+
+/// No server returns more at once.
+constexpr DWORD groupsOfPage = 100;
+
+/// Whether a code says that a page was read. A group that has vanished is "not there".
+bool isPage(DWORD code) {
+    return code == ERROR_SUCCESS || code == ERROR_MORE_DATA;
+}
+
+Answer<AccountPage> without(DWORD code) {
+    const bool missing = code == ERROR_NO_SUCH_ALIAS || code == ERROR_NO_SUCH_GROUP || code == NERR_GroupNotFound;
+    return missing ? Answer<AccountPage>::missing() : windows::unanswered<AccountPage>(code);
+}
+
+}  // namespace
+
+Answer<AccountPage> globalGroups(const AccountSource& source, std::uint64_t cursor) {
+    const Answer<windows::AccountDomain> domain = windows::domainOfList(source.server, cursor);
+    if (!domain.found()) return Answer<AccountPage>::without(domain);
+
+    constexpr DWORD groupLevel = 3;
+    DWORD count = 0;
+    windows::NetItems<NET_DISPLAY_GROUP> list;
+    const DWORD code = windows::netApi().queryDisplayInformation.code(
+        windows::ServerName(source.server).get(), groupLevel, static_cast<DWORD>(cursor), groupsOfPage,
+        MAX_PREFERRED_LENGTH, &count, list.receive());
+    if (!isPage(code)) return windows::unanswered<AccountPage>(code);
+    AccountPage page;
+    page.next = cursor;
+    page.more = code == ERROR_MORE_DATA;
+    for (DWORD i = 0; list.items() != nullptr && i < count; ++i) {
+        const NET_DISPLAY_GROUP& group = list.items()[i];
+        page.next = group.grpi3_next_index;
+        if (group.grpi3_name == nullptr) continue;
+        page.items.push_back({domain.value.name, group.grpi3_name,
+                              windows::accountIn(domain.value.sid, group.grpi3_group_id)});
+    }
+    return page;
+}
+
+Answer<AccountPage> localGroupMembers(const AccountSource& source, const Account& group, std::uint64_t cursor) {
+    DWORD count = 0, total = 0;
+    auto resume = static_cast<DWORD_PTR>(cursor);
+    windows::NetItems<LOCALGROUP_MEMBERS_INFO_0> list;
+    // SIDs alone: names would be looked up one and all, and those of deleted accounts for a long time.
+    const DWORD code = windows::netApi().localGroupGetMembers.code(
+        windows::ServerName(source.server).get(), group.name.c_str(), 0, list.receive(), MAX_PREFERRED_LENGTH,
+        &count, &total, &resume);
+    if (!isPage(code)) return without(code);
+    AccountPage page;
+    for (DWORD i = 0; list.items() != nullptr && i < count; ++i) {
+        page.items.push_back({{}, {}, windows::sidFrom(list.items()[i].lgrmi0_sid)});
+    }
+    page.next = resume;
+    page.more = code == ERROR_MORE_DATA;
+    return page;
+}
+
+Answer<AccountPage> globalGroupMembers(const AccountSource& source, const Account& group, std::uint64_t cursor) {
+    DWORD count = 0, total = 0;
+    auto resume = static_cast<DWORD_PTR>(cursor);
+    windows::NetItems<GROUP_USERS_INFO_0> list;
+    const DWORD code = windows::netApi().groupGetUsers.code(
+        windows::ServerName(source.server).get(), group.name.c_str(), 0, list.receive(), MAX_PREFERRED_LENGTH,
+        &count, &total, &resume);
+    if (!isPage(code)) return without(code);
+    AccountPage page;
+    for (DWORD i = 0; list.items() != nullptr && i < count; ++i) {
+        const wchar_t* name = list.items()[i].grui0_name;
+        if (name != nullptr) page.items.push_back({group.domain, name, {}});
+    }
+    page.next = resume;
+    page.more = code == ERROR_MORE_DATA;
+    return page;
+}
+
+Nesting nesting() {
+    // The server compares the SIDs of the user and of its global groups with the direct members.
+    return Nesting::throughGlobalGroups;
+}
+
+}  // namespace host

@@ -1,0 +1,58 @@
+#include "runtime/host/host.h"
+#include "runtime/host/windows/errors.h"
+#include "runtime/host/windows/list_domain.h"
+#include "runtime/host/windows/net_api.h"
+#include "runtime/host/windows/sids.h"
+
+namespace host {
+
+namespace {
+
+/// No server returns more at once.
+constexpr DWORD usersOfPage = 100;
+
+bool belongsToMachine(const NET_DISPLAY_USER& user) {
+    constexpr DWORD trusts =
+        UF_WORKSTATION_TRUST_ACCOUNT | UF_SERVER_TRUST_ACCOUNT | UF_INTERDOMAIN_TRUST_ACCOUNT;
+    return (user.usri1_flags & trusts) != 0;
+}
+
+/// Appends what the system lists from `index` on and moves `page` on; returns the system's code.
+DWORD readPart(const wchar_t* server, DWORD index, const windows::AccountDomain& domain, AccountPage& page) {
+    constexpr DWORD userLevel = 1;
+    DWORD count = 0;
+    windows::NetItems<NET_DISPLAY_USER> part;
+    const DWORD code = windows::netApi().queryDisplayInformation.code(
+        server, userLevel, index, usersOfPage, MAX_PREFERRED_LENGTH, &count, part.receive());
+    if (code != ERROR_SUCCESS && code != ERROR_MORE_DATA) return code;
+    page.next = index;
+    page.more = code == ERROR_MORE_DATA;
+    for (DWORD i = 0; part.items() != nullptr && i < count; ++i) {
+        const NET_DISPLAY_USER& user = part.items()[i];
+        page.next = user.usri1_next_index;
+        if (belongsToMachine(user)) continue;
+        page.items.push_back(
+            {domain.name, user.usri1_name, windows::accountIn(domain.sid, user.usri1_user_id)});
+    }
+    return ERROR_SUCCESS;
+}
+
+}  // namespace
+
+Answer<AccountPage> users(const AccountSource& source, std::uint64_t cursor) {
+    const Answer<windows::AccountDomain> domain = windows::domainOfList(source.server, cursor);
+    if (!domain.found()) return Answer<AccountPage>::without(domain);
+
+    AccountPage page;
+    page.next = cursor;
+    // A part may hold nothing but machines; a page without users would look like a list that makes no
+    // progress.
+    for (;;) {
+        const auto index = static_cast<DWORD>(page.next);
+        const DWORD code = readPart(windows::ServerName(source.server).get(), index, domain.value, page);
+        if (code != ERROR_SUCCESS) return windows::unanswered<AccountPage>(code);
+        if (!page.items.empty() || !page.more || page.next <= index) return page;
+    }
+}
+
+}  // namespace host

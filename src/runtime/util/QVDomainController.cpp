@@ -1,0 +1,104 @@
+#include "runtime/util/QVDomainController.h"
+
+#include <optional>
+
+#include "runtime/base/QVErrno.h"
+#include "runtime/base/operation.h"
+#include "runtime/host/host.h"
+#include "runtime/util/DomainLocalGroups.h"
+
+namespace {
+
+struct Instance {
+    std::optional<host::Membership> membership;
+    CString domainName;
+    std::optional<host::Answer<host::AccountSource>> source;
+    bool rediscovered = false;
+    std::shared_ptr<const ListedAccounts> listedUsers;
+    DomainLocalGroups domainLocalGroups;
+};
+
+std::optional<Instance> instance;
+
+Instance& requireInstance() {
+    if (!instance) raise(QVErrno::_E_::Unspecific, L"the domain controller instance was not started");
+    return *instance;
+}
+
+const host::Membership& membership() {
+    Instance& current = requireInstance();
+    if (!current.membership) {
+        const auto answer = host::membership();
+        if (!answer.found()) raise(answer.failure, L"the membership of a domain cannot be determined");
+        current.membership = answer.value;
+        current.domainName = CString(answer.value.domainName);
+    }
+    return *current.membership;
+}
+
+host::Answer<host::AccountSource> locate(bool again) {
+    const auto name = host::domainController(membership().domainName, false, again);
+    if (!name.found()) return host::Answer<host::AccountSource>::without(name);
+    return host::AccountSource{name.value};
+}
+
+}  // namespace
+
+int QVDomainController::mf_isJoined() {
+    if (operation::answersZero(L"QVDomainController::mf_isJoined")) return 0;
+    return membership().joined ? 1 : 0;
+}
+
+const CString& QVDomainController::mf_getDomainName() {
+    static const CString empty;
+    if (operation::answersZero(L"QVDomainController::mf_getDomainName")) return empty;
+    membership();
+    return instance->domainName;
+}
+
+const CString QVDomainController::mf_getPDCName() {
+    if (operation::answersZero(L"QVDomainController::mf_getPDCName")) return {};
+    const auto name = host::domainController(membership().domainName, true, false);
+    if (!name.found()) raise(name.failure, L"no primary domain controller was found");
+    return CString(name.value);
+}
+
+void QVDomainController::start() {
+    instance.emplace();
+}
+
+void QVDomainController::stop() noexcept {
+    instance.reset();
+}
+
+bool QVDomainController::isStarted() noexcept {
+    return instance.has_value();
+}
+
+std::shared_ptr<const ListedAccounts> QVDomainController::listedUsers() {
+    return instance ? instance->listedUsers : nullptr;
+}
+
+void QVDomainController::usersListed(ListedAccounts&& users) {
+    requireInstance().listedUsers = std::make_shared<const ListedAccounts>(std::move(users));
+}
+
+host::Answer<std::vector<host::Account>> QVDomainController::domainLocalGroupsOf(const host::Account& account) {
+    return requireInstance().domainLocalGroups.of(account);
+}
+
+host::Answer<host::AccountSource> QVDomainController::accountSource() {
+    Instance& current = requireInstance();
+    if (!current.source) current.source = locate(current.rediscovered);
+    return *current.source;
+}
+
+bool QVDomainController::canRediscover() {
+    return !requireInstance().rediscovered;
+}
+
+void QVDomainController::rediscover() {
+    Instance& current = requireInstance();
+    current.rediscovered = true;
+    current.source.reset();
+}

@@ -1,0 +1,50 @@
+#include "runtime/util/QVStorage.h"
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "runtime/base/natural_cause.h"
+#include "runtime/base/operation.h"
+#include "runtime/host/host.h"
+
+namespace {
+
+struct Service {
+    bool asked = false;
+    std::vector<std::unique_ptr<QVVolume>> volumes;
+};
+
+std::optional<Service> service;
+
+void askOnce(Service& current) {
+    if (current.asked) return;
+    current.asked = true;
+    const auto answer = host::volumes();
+    if (!answer.found()) {
+        return logNaturalCause(L"QVStorage::mf_getVolumes", answer, L"the volumes cannot be listed");
+    }
+    for (const host::VolumeFacts& facts : answer.value) current.volumes.push_back(std::make_unique<QVVolume>(facts));
+}
+
+}  // namespace
+
+int QVStorage::mf_isInitialized() {
+    if (operation::answersZero(L"QVStorage::mf_isInitialized")) return 0;
+    return service ? 1 : 0;
+}
+
+void QVStorage::mf_getVolumes(QVArray<QVVolume*>& volumes) {
+    if (operation::answersZero(L"QVStorage::mf_getVolumes")) return;
+    if (!service) raise(QVErrno::_E_::Unspecific, L"the storage service was not started");
+    askOnce(*service);
+    for (const auto& volume : service->volumes) volumes.Add(volume.get());
+}
+
+void QVStorage::start() {
+    service.emplace();
+}
+
+void QVStorage::stop() noexcept {
+    service.reset();
+}

@@ -1,0 +1,89 @@
+#include "runtime/util/ListedAccounts.h"
+
+#include <gtest/gtest.h>
+
+#include "runtime/util/QVSid.h"
+
+namespace {
+
+host::Account account(const wchar_t* domain, const wchar_t* name, const wchar_t* sid) {
+    return {domain, name, sidFromText(sid)};
+}
+
+ListedAccounts sample() {
+    ListedAccounts accounts;
+    accounts.add(account(L"CORP", L"zoe", L"S-1-5-21-1-2-3-1001"));
+    accounts.add(account(L"CORP", L"adam", L"S-1-5-21-1-2-3-500"));
+    accounts.add(account(L"WS01", L"adam", L"S-1-5-21-7-8-9-1001"));
+    accounts.add(account(L"CORP", L"eva", L""));
+    accounts.add(account(L"", L"Everyone", L"S-1-1-0"));
+    accounts.add(account(L"CORP", L"", L"S-1-5-21-1-2-3-777"));
+    return accounts;
+}
+
+TEST(ListedAccounts, ComeBackAsTheyWereAdded) {
+    const ListedAccounts accounts = sample();
+    ASSERT_EQ(accounts.size(), 6U);
+    EXPECT_EQ(accounts.at(0).name, L"zoe");
+    EXPECT_EQ(toText(accounts.at(0).sid).units(), L"S-1-5-21-1-2-3-1001");
+    EXPECT_EQ(accounts.at(2).domain, L"WS01");
+    EXPECT_EQ(toText(accounts.at(2).sid).units(), L"S-1-5-21-7-8-9-1001");
+    EXPECT_TRUE(accounts.at(3).sid.empty());
+    EXPECT_EQ(toText(accounts.at(4).sid).units(), L"S-1-1-0");
+    EXPECT_EQ(accounts.at(5).name, L"");
+    EXPECT_EQ(toText(accounts.at(5).sid).units(), L"S-1-5-21-1-2-3-777");
+}
+
+TEST(ListedAccounts, AreFoundBySid) {
+    const ListedAccounts accounts = sample();
+    EXPECT_EQ(accounts.find(sidFromText(L"S-1-5-21-1-2-3-500")), 1U);
+    EXPECT_EQ(accounts.find(sidFromText(L"S-1-5-21-7-8-9-1001")), 2U);
+    EXPECT_EQ(accounts.find(sidFromText(L"S-1-1-0")), 4U);
+    EXPECT_EQ(accounts.find(sidFromText(L"S-1-5-21-7-8-9-500")), ListedAccounts::none);
+    EXPECT_EQ(accounts.find(sidFromText(L"S-1-5-21-1-2-3")), ListedAccounts::none);
+    EXPECT_EQ(accounts.find(host::Sid()), ListedAccounts::none);
+}
+
+TEST(ListedAccounts, AreFoundByNameInAnyLetters) {
+    const ListedAccounts accounts = sample();
+    EXPECT_EQ(accounts.find(L"corp", L"ADAM"), 1U);
+    EXPECT_EQ(accounts.find(L"WS01", L"Adam"), 2U);
+    EXPECT_EQ(accounts.find(L"CORP", L"eva"), 3U);
+    EXPECT_EQ(accounts.find(L"OTHER", L"eva"), ListedAccounts::none);
+    EXPECT_EQ(accounts.find(L"CORP", L""), ListedAccounts::none);
+}
+
+TEST(ListedAccounts, ANameIsNoHelpWhereTheSidSaysOtherwise) {
+    const ListedAccounts accounts = sample();
+    EXPECT_EQ(accounts.find(account(L"CORP", L"adam", L"S-1-5-21-1-2-3-501")), ListedAccounts::none);
+    EXPECT_EQ(accounts.find(account(L"CORP", L"adam", L"")), 1U);
+    EXPECT_EQ(accounts.find(account(L"CORP", L"eva", L"S-1-5-21-1-2-3-501")), 3U);
+    EXPECT_EQ(accounts.find(account(L"CORP", L"other", L"S-1-5-21-1-2-3-500")), 1U);
+}
+
+TEST(ListedAccounts, TheFirstOfTwoIsFound) {
+    ListedAccounts accounts = sample();
+    accounts.add(account(L"CORP", L"ZOE", L"S-1-5-21-1-2-3-1001"));
+    EXPECT_EQ(accounts.find(sidFromText(L"S-1-5-21-1-2-3-1001")), 0U);
+    EXPECT_EQ(accounts.find(L"CORP", L"zoe"), 0U);
+}
+
+TEST(ListedAccounts, AnAccountAddedLaterIsFoundToo) {
+    ListedAccounts accounts = sample();
+    EXPECT_EQ(accounts.find(L"CORP", L"late"), ListedAccounts::none);
+    accounts.add(account(L"CORP", L"late", L"S-1-5-21-1-2-3-1002"));
+    EXPECT_EQ(accounts.find(L"CORP", L"late"), 6U);
+    EXPECT_EQ(accounts.find(sidFromText(L"S-1-5-21-1-2-3-1002")), 6U);
+}
+
+TEST(ListedAccounts, ASidThatNoSystemMakesIsNotKept) {
+    ListedAccounts accounts;
+    host::Account broken{L"CORP", L"broken", {}};
+    broken.sid.subAuthorityCount = 200;
+    accounts.add(broken);
+    EXPECT_TRUE(accounts.at(0).sid.empty());
+    EXPECT_EQ(accounts.find(broken.sid), ListedAccounts::none);
+    EXPECT_EQ(accounts.find(L"CORP", L"broken"), 0U);
+}
+
+}  // namespace
