@@ -9,7 +9,8 @@
 namespace {
 
 void formatThreeTexts(benchmark::State& state) {
-    for (auto _ : state) benchmark::DoNotOptimize(formatText(L"%s\\%s: %s\n", L"CORP", L"alice", L"500 MB"));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(formatText(L"%s\\%s: %s\n", L"CORP", L"alice", L"500 MB"));
 }
 BENCHMARK(formatThreeTexts);
 
@@ -28,13 +29,15 @@ void concatenateThreeTexts(benchmark::State& state) {
 BENCHMARK(concatenateThreeTexts);
 
 void messageOfTheCatalog(benchmark::State& state) {
-    for (auto _ : state) benchmark::DoNotOptimize(CString(QVString(3330, L"kvxbase.dll")));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(CString(QVString(3330, L"kvxbase.dll")));
 }
 BENCHMARK(messageOfTheCatalog);
 
 void operationUnobserved(benchmark::State& state) {
     const CString path(L"C:\\Windows");
-    for (auto _ : state) benchmark::DoNotOptimize(QVPath::mf_isAbsolutePathName(path));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(QVPath::mf_isAbsolutePathName(path));
 }
 BENCHMARK(operationUnobserved);
 

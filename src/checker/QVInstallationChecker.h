@@ -11,6 +11,7 @@
 #include "runtime/util/QVUser.h"
 
 class QVQuotaFile;
+class QVSidQuota;
 
 /// A report returns its text and sets its flag: 0, or 1 when it found something wrong. Every failure is logged and
 /// turned into a line of the report; a `QVErrno` leaves a method only where its comment says so. One source file holds
@@ -44,15 +45,16 @@ public:
     const CString mf_checkInstallationFiles(int* foundCount, int* missingCount, int* problem);
     /// Checks one file and appends its line to one of the texts; increments one of the counters; sets `*exists`.
     /// `*problem` is set to 1 when the file is not known to exist, and never reset.
-    void mf_checkInstallationFile(const CString& installDir, const CString& fileName, int* exists, int* problem,
-                                  CString& missingText, CString& foundText, int* foundCount, int* missingCount);
+    void mf_checkInstallationFile(const CString& installDir, const CString& fileName, int* exists,
+                                  int* problem, CString& missingText, CString& foundText, int* foundCount,
+                                  int* missingCount);
 
     // --- Versions (version.cpp), current user (user.cpp) ---
 
     const CString mf_getVersion(int* problem);
     const CString mf_getSpecificPelmora(int* problem);
     const CString mf_getDriverVersion(int* problem);
-    /// Throws `QVErrno` when the system does not tell its version.
+    /// May throw `QVErrno`.
     const CString mf_getWindowsVersion(int* problem);
     /// May throw `QVErrno`.
     const CString mf_getSystemInfo();
@@ -64,8 +66,8 @@ public:
     const CString mf_getLogLevel(const CString& keyPath, const CString& valueName, const CString& programName,
                                  unsigned long* levelOut, int* problem);
     /// The same for this program's own levels.
-    const CString mf_implGetOwnLogLevel(const CString& keyPath, const CString& valueName, const CString& programName,
-                                        int* problem);
+    const CString mf_implGetOwnLogLevel(const CString& keyPath, const CString& valueName,
+                                        const CString& programName, int* problem);
     const CString mf_getAttributeFileFilter(int* problem);
 
     // --- Domain, accounts (domain.cpp, listings.cpp) ---
@@ -88,6 +90,7 @@ public:
 
     // --- Volumes (disk.cpp) ---
 
+    /// May throw `QVErrno`.
     static const CString mf_getDisksInfos(int* problem);
 
 private:
@@ -111,6 +114,10 @@ private:
 
     void mf_implAddUserQuotaEntry(int& problem, QVArray<QVUser*, QVUser*>& users, ReportLines& lines);
     CString mf_implParseQuotaFile(QVQuotaFile& file, int& problem);
+    /// One line for each entry; `sidSubstitute` stands where a SID cannot be shown.
+    void mf_implAddDefinedQuotas(const wchar_t* kind, const QVArray<QVSidQuota*>& entries,
+                                 const wchar_t* sidFailureFormat, const CString& sidSubstitute, int& problem,
+                                 ReportLines& lines);
     CString mf_implFormatQuotaLine(const CString& kind, const CString& fullName, const CString& sidString,
                                    const CString& quota);
 

@@ -24,7 +24,8 @@ public:
     CString line(int index) const {
         const auto& line = m_lines.at(static_cast<std::size_t>(index));
         const auto* length = std::get_if<std::size_t>(&line);
-        return length != nullptr ? CString(m_runningText.units().substr(0, *length)) : std::get<CString>(line);
+        return length != nullptr ? CString(m_runningText.units().substr(0, *length))
+                                 : std::get<CString>(line);
     }
 
 private:

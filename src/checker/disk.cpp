@@ -14,8 +14,9 @@ CString fileSystemName(const QVVolume& volume) {
     try {
         name = volume.mf_getFileSystemName();
     } catch (QVErrno& error) {
-        writeLog(QVLogData::LEVEL_E, originator, L"Failure retrieving file system name\r\n%s%s\r\n%scontinuing...",
-                 QVLog::TAB, error, QVLog::TAB);
+        writeLog(QVLogData::LEVEL_E, originator,
+                 L"Failure retrieving file system name\r\n%s%s\r\n%scontinuing...", QVLog::TAB, error,
+                 QVLog::TAB);
         name = L"unknow file system";
     }
     name.MakeUpper();
@@ -26,8 +27,9 @@ CString driveLetter(const QVVolume& volume) {
     try {
         return formatted(L"%c", volume.mf_getDriveLetter());
     } catch (QVErrno& error) {
-        writeLog(QVLogData::LEVEL_E, originator, L"Failure retrieving drive letter\r\n%s%s\r\n%scontinuing...",
-                 QVLog::TAB, error, QVLog::TAB);
+        writeLog(QVLogData::LEVEL_E, originator,
+                 L"Failure retrieving drive letter\r\n%s%s\r\n%scontinuing...", QVLog::TAB, error,
+                 QVLog::TAB);
         return L"?";
     }
 }

@@ -78,7 +78,8 @@ void stop(CString& result, int& problem) {
 const CString QVInstallationChecker::mf_getDomainInfos(int& problem) {
     problem = 0;
     CString result;
-    const bool named = start(result, problem) && addMembership(result, problem) && addDomainName(result, problem);
+    const bool named =
+        start(result, problem) && addMembership(result, problem) && addDomainName(result, problem);
     if (named) addControllerName(result, problem);
     stop(result, problem);
     return result;

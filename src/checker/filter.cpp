@@ -16,6 +16,8 @@ struct AttributeRow {
     const wchar_t* format;
 };
 
+const wchar_t* const ruler = L"     ----------------------------------------\n";
+
 /// Bits without a row show in the total line only.
 constexpr AttributeRow attributeRows[] = {
     {0x00000001, L"     %c %8.8x FILE_ATTRIBUTE_READONLY       \n"},
@@ -38,9 +40,10 @@ CString attributeTable(unsigned long mask, const CString& keyPath) {
     for (const AttributeRow& row : attributeRows) {
         text += formatted(row.format, (mask & row.bit) != 0 ? L'x' : L'.', row.bit);
     }
-    text += L"     ----------------------------------------\n";
+    text += ruler;
     text += QVString(3249, mask);
-    text += L"     ----------------------------------------\n\n";
+    text += ruler;
+    text += L"\n";
     text += QVString(3283);
     text += formatted(L"    %s\\%s\n", keyPath, attributesValue);
     return text;
@@ -51,17 +54,18 @@ bool readAttributes(const CString& keyPath, unsigned long& mask, CString& result
     const CString name = attributesValue;
     try {
         if (!QVRegistry::mf_exists(name, keyPath, HKEY_LOCAL_MACHINE)) {
-            writeLog(QVLogData::LEVEL_E, originator,
-                     L"Registry key containing attribute file filter does not exist\r\n%sregistry key = '%s'\r\n"
-                     L"%sregistry key root = '%s'",
-                     QVLog::TAB, name, QVLog::TAB, keyPath);
+            writeLog(
+                QVLogData::LEVEL_E, originator,
+                L"Registry key containing attribute file filter does not exist\r\n%sregistry key = '%s'\r\n"
+                L"%sregistry key root = '%s'",
+                QVLog::TAB, name, QVLog::TAB, keyPath);
             result = QVString(3246, name, keyPath);
             return false;
         }
     } catch (QVErrno& error) {
         writeLog(QVLogData::LEVEL_E, originator,
-                 L"Failure checking existence of registry key '%s'\r\n%sregistry key root = '%s'\r\n%s%s", name,
-                 QVLog::TAB, keyPath, QVLog::TAB, error);
+                 L"Failure checking existence of registry key '%s'\r\n%sregistry key root = '%s'\r\n%s%s",
+                 name, QVLog::TAB, keyPath, QVLog::TAB, error);
         result = QVString(3335, name, keyPath, error.mf_toString());
         return false;
     }
@@ -69,10 +73,11 @@ bool readAttributes(const CString& keyPath, unsigned long& mask, CString& result
         QVRegistry::mf_getValue(name, mask, keyPath, HKEY_LOCAL_MACHINE);
         return true;
     } catch (QVErrno& error) {
-        writeLog(QVLogData::LEVEL_E, originator,
-                 L"Failure retrieving file attribute filter value from registry key\r\n%sregistry key = '%s'\r\n"
-                 L"%sregistry key root = '%s'\r\n%s%s",
-                 QVLog::TAB, name, QVLog::TAB, keyPath, QVLog::TAB, error);
+        writeLog(
+            QVLogData::LEVEL_E, originator,
+            L"Failure retrieving file attribute filter value from registry key\r\n%sregistry key = '%s'\r\n"
+            L"%sregistry key root = '%s'\r\n%s%s",
+            QVLog::TAB, name, QVLog::TAB, keyPath, QVLog::TAB, error);
         result = QVString(3247, name, keyPath, error.mf_toString());
         return false;
     }
@@ -83,10 +88,11 @@ bool readMinimumSize(const CString& keyPath, unsigned long& size, CString& resul
     const CString name = minimumSizeValue;
     try {
         if (!QVRegistry::mf_exists(name, keyPath, HKEY_LOCAL_MACHINE)) {
-            writeLog(QVLogData::LEVEL_E, originator,
-                     L"Registry key containing minimum file size filter does not exist\r\n%sregistry key = '%s'\r\n"
-                     L"%sregistry key root = '%s'",
-                     QVLog::TAB, name, QVLog::TAB, keyPath);
+            writeLog(
+                QVLogData::LEVEL_E, originator,
+                L"Registry key containing minimum file size filter does not exist\r\n%sregistry key = '%s'\r\n"
+                L"%sregistry key root = '%s'",
+                QVLog::TAB, name, QVLog::TAB, keyPath);
             result += L"\n" + QVString(3315, name, keyPath);
             return false;
         }
@@ -115,7 +121,7 @@ bool readMinimumSize(const CString& keyPath, unsigned long& size, CString& resul
 
 const CString QVInstallationChecker::mf_getAttributeFileFilter(int* problem) {
     *problem = 0;
-    const CString keyPath = QVRegistry::mf_getRegistryRoot(L"") + L"\\" + L"kvxgui";
+    const CString keyPath = QVRegistry::mf_getRegistryRoot(L"") + L"\\kvxgui";
     CString result;
     unsigned long mask = 0;
     if (!readAttributes(keyPath, mask, result)) {

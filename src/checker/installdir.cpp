@@ -39,8 +39,9 @@ QVInstallationChecker::QVInstallationChecker() {
     try {
         mf_implReadInstallDir();
     } catch (QVErrno& error) {
-        writeLog(QVLogData::LEVEL_E, constructorName, L"Failure reading installation dir\r\n%s%s\r\n%scontinuing...",
-                 QVLog::TAB, error, QVLog::TAB);
+        writeLog(QVLogData::LEVEL_E, constructorName,
+                 L"Failure reading installation dir\r\n%s%s\r\n%scontinuing...", QVLog::TAB, error,
+                 QVLog::TAB);
     }
     mf_implRemoveOldReport();
 }
@@ -60,8 +61,8 @@ CString QVInstallationChecker::mf_implDriverPath() {
         const CString systemDirectory = QVPath::mf_appendDirectory(mf_getWindowsDirectory(), L"system32");
         return formatted(L"%sdrivers\\%s.sys", systemDirectory, L"rkhsmdrv");
     } catch (QVErrno& error) {
-        writeLog(QVLogData::LEVEL_E, constructorName, L"Failure retrieving windows directory\r\n%s%s", QVLog::TAB,
-                 error);
+        writeLog(QVLogData::LEVEL_E, constructorName, L"Failure retrieving windows directory\r\n%s%s",
+                 QVLog::TAB, error);
         return {};
     }
 }
@@ -72,13 +73,13 @@ CString QVInstallationChecker::mf_implPluginPath() {
     try {
         if (QVRegistry::mf_PathExists(registry::backupClientKey, HKEY_LOCAL_MACHINE)) {
             CString directory;
-            QVRegistry::mf_getValue(registry::pathValue, directory, registry::backupClientKey, HKEY_LOCAL_MACHINE);
+            QVRegistry::mf_getValue(registry::pathValue, directory, registry::backupClientKey,
+                                    HKEY_LOCAL_MACHINE);
             path = QVPath::mf_appendFile(directory, L"plugins\\kvxarcplug.dll");
         }
     } catch (QVErrno& error) {
         writeLog(QVLogData::LEVEL_E, constructorName,
-                 L"Failure querying existence of B/A client installation path:\r\n%s%s", QVLog::TAB,
-                 error);
+                 L"Failure querying existence of B/A client installation path:\r\n%s%s", QVLog::TAB, error);
     }
     return path;
 }
@@ -99,24 +100,25 @@ void QVInstallationChecker::mf_implReadInstallDir() {
     }
     if (!exists) {
         writeLog(QVLogData::LEVEL_I, originator,
-                 L"Installation path registry value not found.\r\n%sroot path = '%s'\r\n%skey = '%s'", QVLog::TAB, key,
-                 QVLog::TAB, name);
+                 L"Installation path registry value not found.\r\n%sroot path = '%s'\r\n%skey = '%s'",
+                 QVLog::TAB, key, QVLog::TAB, name);
         return;
     }
     writeLog(QVLogData::LEVEL_I, originator,
-             L"Installation path registry value found:\r\n%sroot path = '%s'\r\n%skey = '%s'", QVLog::TAB, key,
-             QVLog::TAB, name);
+             L"Installation path registry value found:\r\n%sroot path = '%s'\r\n%skey = '%s'", QVLog::TAB,
+             key, QVLog::TAB, name);
     try {
         QVRegistry::mf_getValue(name, m_installDir, key, HKEY_LOCAL_MACHINE);
     } catch (QVErrno& error) {
         writeLog(QVLogData::LEVEL_E, originator,
-                 L"Failure retrieving installation path\r\n%sroot path = '%s'\r\n%skey = '%s'", QVLog::TAB, key,
-                 QVLog::TAB, name);
+                 L"Failure retrieving installation path\r\n%sroot path = '%s'\r\n%skey = '%s'", QVLog::TAB,
+                 key, QVLog::TAB, name);
         throw QVErrno(error.mf_getData());
     }
     const bool ended = m_installDir.IsEmpty() || m_installDir.units().back() == L'\\';
     if (!ended) m_installDir += L'\\';
-    writeLog(QVLogData::LEVEL_I, originator, L"Installation dir read completed:\r\n%s'%s'", QVLog::TAB, m_installDir);
+    writeLog(QVLogData::LEVEL_I, originator, L"Installation dir read completed:\r\n%s'%s'", QVLog::TAB,
+             m_installDir);
     m_installDirFound = 1;
 }
 
@@ -129,16 +131,17 @@ CString QVInstallationChecker::mf_getWindowsDirectory() {
         const DWORD code = GetLastError();
         const QVErrno error(QVErrnoData(QVErrno::_E_::Path), code);
         writeLog(QVLogData::LEVEL_E, originator,
-                 L"Failure while retrieving buffer size from Windows GetWindowsDirectory()\r\n%s%s", QVLog::TAB,
-                 error);
+                 L"Failure while retrieving buffer size from Windows GetWindowsDirectory()\r\n%s%s",
+                 QVLog::TAB, error);
         throw error;
     }
 
     std::wstring buffer;
     if (!allocate(buffer, size)) {
-        writeLog(QVLogData::LEVEL_E, originator,
-                 L"Failure allocating memory for buffer of system directory name\r\n%sTCHARs to allocate: %lu",
-                 QVLog::TAB, size);
+        writeLog(
+            QVLogData::LEVEL_E, originator,
+            L"Failure allocating memory for buffer of system directory name\r\n%sTCHARs to allocate: %lu",
+            QVLog::TAB, size);
         throw QVErrno(QVErrnoData(QVErrno::_E_::Memory));
     }
 
@@ -147,15 +150,15 @@ CString QVInstallationChecker::mf_getWindowsDirectory() {
     if (length == 0) {
         const DWORD code = GetLastError();
         const QVErrno error(QVErrnoData(QVErrno::_E_::Path), code);
-        writeLog(QVLogData::LEVEL_E, originator, L"Windows GetWindowsDirectory failed with error: %s",
-                 error);
+        writeLog(QVLogData::LEVEL_E, originator, L"Windows GetWindowsDirectory failed with error: %s", error);
         throw error;
     }
     if (length > size - 1) {
         const UINT required = GetWindowsDirectoryW(nullptr, 0);
-        writeLog(QVLogData::LEVEL_E, originator,
-                 L"Buffer too small to hold system directory name (%lu chars)\r\n%s%lu chars required instead", size,
-                 QVLog::TAB, required);
+        writeLog(
+            QVLogData::LEVEL_E, originator,
+            L"Buffer too small to hold system directory name (%lu chars)\r\n%s%lu chars required instead",
+            size, QVLog::TAB, required);
         throw QVErrno(QVErrnoData(QVErrno::_E_::BufferTooSmall));
     }
     return CString(buffer.c_str());

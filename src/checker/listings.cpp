@@ -1,3 +1,5 @@
+#include <optional>
+
 #include "checker/OwnedArray.h"
 #include "checker/QVInstallationChecker.h"
 #include "checker/write_log.h"
@@ -16,7 +18,8 @@ bool isShown(int errorsOnly, bool problem) {
 
 /// Prints the heading as one piece, then every account on a line of its own.
 template <class Account>
-void printAccounts(QVInstallationChecker& checker, const CString& heading, const OwnedArray<Account>& accounts) {
+void printAccounts(QVInstallationChecker& checker, const CString& heading,
+                   const OwnedArray<Account>& accounts) {
     checker.mf_implPrint(heading);
     for (int i = 0; i < accounts.GetSize(); ++i) {
         checker.mf_implPrint(L"    " + accounts[i]->mf_getFullName() + L"\n");
@@ -24,7 +27,18 @@ void printAccounts(QVInstallationChecker& checker, const CString& heading, const
 }
 
 void printLines(QVInstallationChecker& checker, const ReportLines& lines) {
-    for (int i = 0; i < lines.size(); ++i) checker.mf_implPrint(lines.line(i));
+    for (int i = 0; i < lines.size(); ++i)
+        checker.mf_implPrint(lines.line(i));
+}
+
+/// Why the domain controller's instance cannot be made; nothing when it was.
+std::optional<QVErrno> startDomainController() {
+    try {
+        QVMain::mf_startDomainController(0);
+        return std::nullopt;
+    } catch (QVErrno& error) {
+        return error;
+    }
 }
 
 /// The output has gone out already: a failure here is logged, no more.
@@ -55,7 +69,20 @@ bool addLocalGroups(QVUser& user, ReportLines& lines, const wchar_t* originator)
     return true;
 }
 
-/// The same for a domain user and the domain-local groups. The lines of the groups repeat all of the running text, which
+/// Fills `users` with the domain's users, with none outside of a domain. Returns whether they could be listed.
+bool listDomainUsers(OwnedArray<QVUser>& users, ReportLines& lines, const wchar_t* originator) {
+    if (!QVDomainController::mf_isJoined()) {
+        lines.appendToRunningText(QVString(3044));
+        lines.addRunningText();
+        return true;
+    }
+    if (QVUser::mf_getDomainUserList(users)) return true;
+    lines.add(QVString(3494));
+    writeLog(QVLogData::LEVEL_E, originator, L"Failure while retrieving domain users list");
+    return false;
+}
+
+/// As `addLocalGroups`, for a domain user and the domain-local groups. The lines of the groups repeat all of the running text, which
 /// goes on from user to user.
 bool addDomainLocalGroups(QVUser& user, ReportLines& lines, const wchar_t* originator) {
     const CString userName = user.mf_getFullName();
@@ -64,7 +91,8 @@ bool addDomainLocalGroups(QVUser& user, ReportLines& lines, const wchar_t* origi
     lines.add(QVString(3285));
     OwnedArray<QVGroup> groups;
     if (!user.mf_getDomainLocalGroupList(groups)) {
-        writeLog(QVLogData::LEVEL_D, originator, L"Failure retrieving domain local group list for user: '%s'", userName);
+        writeLog(QVLogData::LEVEL_D, originator, L"Failure retrieving domain local group list for user: '%s'",
+                 userName);
         lines.add(QVString(3279));
         return false;
     }
@@ -73,8 +101,8 @@ bool addDomainLocalGroups(QVUser& user, ReportLines& lines, const wchar_t* origi
         const CString groupName = groups[i]->mf_getFullName();
         lines.appendToRunningText(formatted(L"        %s", groupName));
         lines.addRunningText();
-        writeLog(QVLogData::LEVEL_D, originator, L"User '%s', Iteration # %d\r\n%sGroup name = '%s'", userName, i,
-                 QVLog::TAB, groupName);
+        writeLog(QVLogData::LEVEL_D, originator, L"User '%s', Iteration # %d\r\n%sGroup name = '%s'",
+                 userName, i, QVLog::TAB, groupName);
     }
     lines.add(L"\n");
     return true;
@@ -87,24 +115,17 @@ void QVInstallationChecker::implDo_domusers(int errorsOnly) {
     bool problem = false;
     CString heading = QVString(3263);
     OwnedArray<QVUser> users;
-    bool started = false;
-    try {
-        QVMain::mf_startDomainController(0);
-        started = true;
-    } catch (QVErrno& error) {
+    if (const auto error = startDomainController()) {
         problem = true;
-        heading += QVString(3259, error.mf_toString());
-        writeLog(QVLogData::LEVEL_E, originator, L"Failure instantiating DomainController\r\n%s%s", QVLog::TAB,
-                 error);
-    }
-    if (started) {
-        if (!QVDomainController::mf_isJoined()) {
-            heading += QVString(3044);
-        } else if (!QVUser::mf_getDomainUserList(users)) {
-            problem = true;
-            heading += QVString(3492);
-            writeLog(QVLogData::LEVEL_E, originator, L"Error retrieving domain controller user list");
-        }
+        heading += QVString(3259, error->mf_toString());
+        writeLog(QVLogData::LEVEL_E, originator, L"Failure instantiating DomainController\r\n%s%s",
+                 QVLog::TAB, *error);
+    } else if (!QVDomainController::mf_isJoined()) {
+        heading += QVString(3044);
+    } else if (!QVUser::mf_getDomainUserList(users)) {
+        problem = true;
+        heading += QVString(3492);
+        writeLog(QVLogData::LEVEL_E, originator, L"Error retrieving domain controller user list");
     }
     if (isShown(errorsOnly, problem)) printAccounts(*this, heading, users);
     deleteElements(users);
@@ -132,32 +153,25 @@ void QVInstallationChecker::implDo_domgroups(int errorsOnly) {
     bool problem = false;
     CString heading = QVString(3262);
     OwnedArray<QVGroup> groups;
-    bool started = false;
-    try {
-        QVMain::mf_startDomainController(0);
-        started = true;
-    } catch (QVErrno& error) {
+    if (const auto error = startDomainController()) {
         problem = true;
-        heading += QVString(3277, error.mf_toString());
-        writeLog(QVLogData::LEVEL_E, originator, L"Failure instantiating DomainController\r\n%s%s", QVLog::TAB,
-                 error);
-    }
-    if (started) {
-        if (!QVDomainController::mf_isJoined()) {
-            heading += QVString(3044);
-        } else {
-            try {
-                if (!QVGroup::mf_getDomainLocalGroupList(groups)) {
-                    problem = true;
-                    heading += QVString(3492);
-                    writeLog(QVLogData::LEVEL_E, originator, L"Error retrieving list of the domain local groups");
-                }
-            } catch (QVErrno& error) {
+        heading += QVString(3277, error->mf_toString());
+        writeLog(QVLogData::LEVEL_E, originator, L"Failure instantiating DomainController\r\n%s%s",
+                 QVLog::TAB, *error);
+    } else if (!QVDomainController::mf_isJoined()) {
+        heading += QVString(3044);
+    } else {
+        try {
+            if (!QVGroup::mf_getDomainLocalGroupList(groups)) {
                 problem = true;
-                heading += QVString(3493, error.mf_toString());
-                writeLog(QVLogData::LEVEL_E, originator, L"Failure retrieving list of the domain local groups\r\n%s%s",
-                         QVLog::TAB, error);
+                heading += QVString(3492);
+                writeLog(QVLogData::LEVEL_E, originator, L"Error retrieving list of the domain local groups");
             }
+        } catch (QVErrno& failure) {
+            problem = true;
+            heading += QVString(3493, failure.mf_toString());
+            writeLog(QVLogData::LEVEL_E, originator,
+                     L"Failure retrieving list of the domain local groups\r\n%s%s", QVLog::TAB, failure);
         }
     }
     if (isShown(errorsOnly, problem)) printAccounts(*this, heading, groups);
@@ -175,6 +189,7 @@ void QVInstallationChecker::implDo_locusergr(int errorsOnly) {
         problem = true;
         lines.add(QVString(3494));
         writeLog(QVLogData::LEVEL_E, originator, L"Failure while retrieving users list");
+        deleteElements(users);  // a part is never walked as the whole
     }
     for (int i = 0; i < users.GetSize(); ++i) {
         try {
@@ -196,34 +211,19 @@ void QVInstallationChecker::implDo_domusergr(int errorsOnly) {
     ReportLines lines;
     lines.add(QVString(3264));
     OwnedArray<QVUser> users;
-    bool started = false;
-    try {
-        QVMain::mf_startDomainController(0);
-        started = true;
-    } catch (QVErrno& error) {
+    if (const auto error = startDomainController()) {
         problem = true;
-        lines.add(QVString(3277, error.mf_toString()));
+        lines.add(QVString(3277, error->mf_toString()));
         // "occured" here, "occurred" when it is deleted.
-        writeLog(QVLogData::LEVEL_E, originator, L"Error occured creating instance of DomainController\r\n%s%s",
-                 QVLog::TAB, error);
-    }
-    if (started) {
-        bool listed = true;
-        if (!QVDomainController::mf_isJoined()) {
-            lines.appendToRunningText(QVString(3044));
-            lines.addRunningText();
-        } else if (!QVUser::mf_getDomainUserList(users)) {
-            listed = false;
-            problem = true;
-            lines.add(QVString(3494));
-            writeLog(QVLogData::LEVEL_E, originator, L"Failure while retrieving domain users list");
-        }
-        if (listed) {
-            writeLog(QVLogData::LEVEL_D, originator, L"Successfully retrieved domain user list with %d entries",
-                     users.GetSize());
-            for (int i = 0; i < users.GetSize(); ++i) {
-                if (!addDomainLocalGroups(*users[i], lines, originator)) problem = true;
-            }
+        writeLog(QVLogData::LEVEL_E, originator,
+                 L"Error occured creating instance of DomainController\r\n%s%s", QVLog::TAB, *error);
+    } else if (!listDomainUsers(users, lines, originator)) {
+        problem = true;
+    } else {
+        writeLog(QVLogData::LEVEL_D, originator, L"Successfully retrieved domain user list with %d entries",
+                 users.GetSize());
+        for (int i = 0; i < users.GetSize(); ++i) {
+            if (!addDomainLocalGroups(*users[i], lines, originator)) problem = true;
         }
     }
     if (isShown(errorsOnly, problem)) printLines(*this, lines);

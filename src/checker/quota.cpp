@@ -16,12 +16,13 @@ const wchar_t* const allQuota = L"QVInstallationChecker::mf_getAllQuota";
 const wchar_t* const userQuotaEntry = L"QVInstallationChecker::mf_implAddUserQuotaEntry";
 
 /// The entry's SID string, or `substitute` where it cannot be shown; the entry itself is never dropped.
-CString sidString(const QVSidQuota& entry, const wchar_t* failureFormat, const CString& substitute, int& problem) {
+CString sidString(const QVSidQuota& entry, const wchar_t* failureFormat, const CString& substitute,
+                  int& problem) {
     try {
         return entry.mf_getSid().mf_getSidString();
     } catch (QVErrno& error) {
-        writeLog(QVLogData::LEVEL_E, definedQuotas, failureFormat, entry.mf_getSid().mf_getFullName(), QVLog::TAB,
-                 error, QVLog::TAB);
+        writeLog(QVLogData::LEVEL_E, definedQuotas, failureFormat, entry.mf_getSid().mf_getFullName(),
+                 QVLog::TAB, error, QVLog::TAB);
         problem = 1;
         return substitute;
     }
@@ -45,8 +46,8 @@ bool startDomainController(AllQuota& report) {
         report.problem = 1;
         report.result += QVString(3277, error.mf_toString());
         report.lines.add(report.result);
-        writeLog(QVLogData::LEVEL_E, allQuota, L"Failure creating instance of DomainController\r\n%s%s", QVLog::TAB,
-                 error);
+        writeLog(QVLogData::LEVEL_E, allQuota, L"Failure creating instance of DomainController\r\n%s%s",
+                 QVLog::TAB, error);
         return false;
     }
 }
@@ -86,8 +87,8 @@ void stopDomainController(AllQuota& report) {
     } catch (QVErrno& error) {
         report.problem = 1;
         report.result += QVString(3280, error.mf_toString());
-        writeLog(QVLogData::LEVEL_E, allQuota, L"Failure deleting instance of DomainController\r\n%s%s", QVLog::TAB,
-                 error);
+        writeLog(QVLogData::LEVEL_E, allQuota, L"Failure deleting instance of DomainController\r\n%s%s",
+                 QVLog::TAB, error);
     }
 }
 
@@ -100,8 +101,9 @@ CString userEntry(const QVUser& user, int& problem) {
     try {
         type = QVQuotaConfiguration::mf_getQuota(user.mf_getSid(), quota, explanation);
     } catch (QVErrno& error) {
-        writeLog(QVLogData::LEVEL_E, userQuotaEntry, L"Error retrieving quota for user '%s'\r\n%s%s\r\n%scontinuing ... ",
-                 user.mf_getFullName(), QVLog::TAB, error, QVLog::TAB);
+        writeLog(QVLogData::LEVEL_E, userQuotaEntry,
+                 L"Error retrieving quota for user '%s'\r\n%s%s\r\n%scontinuing ... ", user.mf_getFullName(),
+                 QVLog::TAB, error, QVLog::TAB);
         problem = 1;
         entry += QVString(3497, user.mf_getFullName(), error.mf_toString());
         return entry;
@@ -111,12 +113,14 @@ CString userEntry(const QVUser& user, int& problem) {
         sid = user.mf_getSidString();
     } catch (QVErrno& error) {
         writeLog(QVLogData::LEVEL_E, userQuotaEntry,
-                 L"Error retrieving SID representation for user '%s'\r\n%s%s\r\n%scontinuing ... ", user.mf_getFullName(),
-                 QVLog::TAB, error, QVLog::TAB);
+                 L"Error retrieving SID representation for user '%s'\r\n%s%s\r\n%scontinuing ... ",
+                 user.mf_getFullName(), QVLog::TAB, error, QVLog::TAB);
         problem = 1;
         return QVString(3182, user.mf_getFullName(), error.mf_toString());
     }
-    entry += QVString(3622, user.mf_getFullName(), sid, QVQuotaConfiguration::mf_getQuotaTypeString(type, 1));
+    const CString fullName = user.mf_getFullName();
+    const CString typeText = QVQuotaConfiguration::mf_getQuotaTypeString(type, 1);
+    entry += QVString(3622, fullName, sid, typeText);
     const int typeWithExplanation = 2;
     if (type == typeWithExplanation) entry += formatted(L"        (%s)\n", explanation);
     entry += formatted(L"        %s\n", quota->mf_toString(1));
@@ -125,7 +129,8 @@ CString userEntry(const QVUser& user, int& problem) {
 
 }  // namespace
 
-const CString QVInstallationChecker::mf_getDefinedQuotas(int& problem, ReportLines& lines, CString& quotaFilePath) {
+const CString QVInstallationChecker::mf_getDefinedQuotas(int& problem, ReportLines& lines,
+                                                         CString& quotaFilePath) {
     problem = 0;
     quotaFilePath = QVString(3344);
     quotaFilePath = QVQuotaFile::mf_getConfigFileName();
@@ -136,28 +141,32 @@ const CString QVInstallationChecker::mf_getDefinedQuotas(int& problem, ReportLin
         return parseResult;
     }
 
-    const auto& users = file.mf_getUserQuotas();
-    for (int i = 0; i < users.GetSize(); ++i) {
-        const QVSidQuota& entry = *users[i];
-        const CString sid =
-            sidString(entry, L"Error retrieving SID rapresentation for user '%s'\r\n%s%s\r\n%scontinuing ... ",
-                      L"<error>", problem);
-        lines.add(mf_implFormatQuotaLine(L"user", entry.mf_getSid().mf_getFullName(), sid, entry.mf_getQuota().mf_toString(1)));
-    }
+    mf_implAddDefinedQuotas(L"user", file.mf_getUserQuotas(),
+                            L"Error retrieving SID rapresentation for user '%s'\r\n%s%s\r\n%scontinuing ... ",
+                            L"<error>", problem, lines);
     lines.add(L"");
-    const auto& groups = file.mf_getGroupQuotas();
-    for (int i = 0; i < groups.GetSize(); ++i) {
-        const QVSidQuota& entry = *groups[i];
-        // Unlike a user's, a group's missing SID is shown by a message of the catalog.
-        const CString sid =
-            sidString(entry, L"Error retrieving SID rapresentation for group '%s'\r\n%s%s\r\n%scontinuing ... ",
-                      QVString(3268), problem);
-        lines.add(mf_implFormatQuotaLine(L"group", entry.mf_getSid().mf_getFullName(), sid, entry.mf_getQuota().mf_toString(1)));
-    }
+    // Unlike a user's, a group's missing SID is shown by a message of the catalog.
+    mf_implAddDefinedQuotas(
+        L"group", file.mf_getGroupQuotas(),
+        L"Error retrieving SID rapresentation for group '%s'\r\n%s%s\r\n%scontinuing ... ", QVString(3268),
+        problem, lines);
     lines.add(L"");
     const QVQuota* defaultQuota = file.mf_getDefaultQuota();
     lines.add(QVString(3256, defaultQuota == nullptr ? CString(L"NULL") : defaultQuota->mf_toString(1)));
     return {};
+}
+
+void QVInstallationChecker::mf_implAddDefinedQuotas(const wchar_t* kind, const QVArray<QVSidQuota*>& entries,
+                                                    const wchar_t* sidFailureFormat,
+                                                    const CString& sidSubstitute, int& problem,
+                                                    ReportLines& lines) {
+    for (int i = 0; i < entries.GetSize(); ++i) {
+        const QVSidQuota& entry = *entries[i];
+        const CString sid = sidString(entry, sidFailureFormat, sidSubstitute, problem);
+        const CString fullName = entry.mf_getSid().mf_getFullName();
+        const CString quota = entry.mf_getQuota().mf_toString(1);
+        lines.add(mf_implFormatQuotaLine(kind, fullName, sid, quota));
+    }
 }
 
 CString QVInstallationChecker::mf_implFormatQuotaLine(const CString& kind, const CString& fullName,
@@ -172,8 +181,9 @@ CString QVInstallationChecker::mf_implParseQuotaFile(QVQuotaFile& file, int& pro
     try {
         file.mf_parse();
     } catch (QVErrno& error) {
-        writeLog(QVLogData::LEVEL_E, definedQuotas, L"Failure parsing quota file\r\n%sfile path = '%s'\r\n%s%s",
-                 QVLog::TAB, file.mf_getPath(), QVLog::TAB, error);
+        writeLog(QVLogData::LEVEL_E, definedQuotas,
+                 L"Failure parsing quota file\r\n%sfile path = '%s'\r\n%s%s", QVLog::TAB, file.mf_getPath(),
+                 QVLog::TAB, error);
         result = QVString(3327, error.mf_toString());
         failure = error.mf_getData();
     } catch (...) {
@@ -190,7 +200,8 @@ CString QVInstallationChecker::mf_implParseQuotaFile(QVQuotaFile& file, int& pro
     return result;
 }
 
-const CString QVInstallationChecker::mf_getAllQuota(int& problem, ReportLines& lines, CString& quotaFilePath) {
+const CString QVInstallationChecker::mf_getAllQuota(int& problem, ReportLines& lines,
+                                                    CString& quotaFilePath) {
     problem = 0;
     quotaFilePath = QVQuotaFile::mf_getConfigFileName();
     AllQuota report{problem, lines, {}, {}, {}, {}};
@@ -218,6 +229,8 @@ const CString QVInstallationChecker::mf_getAllQuota(int& problem, ReportLines& l
     return report.result;
 }
 
-void QVInstallationChecker::mf_implAddUserQuotaEntry(int& problem, QVArray<QVUser*, QVUser*>& users, ReportLines& lines) {
-    for (int i = 0; i < users.GetSize(); ++i) lines.add(userEntry(*users[i], problem));
+void QVInstallationChecker::mf_implAddUserQuotaEntry(int& problem, QVArray<QVUser*, QVUser*>& users,
+                                                     ReportLines& lines) {
+    for (int i = 0; i < users.GetSize(); ++i)
+        lines.add(userEntry(*users[i], problem));
 }

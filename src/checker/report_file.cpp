@@ -1,5 +1,5 @@
-#include "checker/QVInstallationChecker.h"
 #include "checker/report_file.h"
+#include "checker/QVInstallationChecker.h"
 #include "checker/within_latin1.h"
 #include "checker/write_log.h"
 #include "runtime/base/QVErrno.h"
@@ -22,7 +22,8 @@ bool QVInstallationChecker::mf_implOpenFile() {
     m_reportFile = nullptr;
     const bool existed = reportFileExists(originator, true);
     if (existed && !DeleteFileW(reportFileName)) {
-        writeLog(QVLogData::LEVEL_E, originator, L"Failure deleting old file '%s'\r\nContinuing...", reportFileName);
+        writeLog(QVLogData::LEVEL_E, originator, L"Failure deleting old file '%s'\r\nContinuing...",
+                 reportFileName);
     }
     if (reportFileExists(originator, existed)) return false;
     if (_wfopen_s(&m_reportFile, reportFileName, L"w") != 0) {

@@ -11,7 +11,7 @@ namespace {
 
 /// Room for what `GetUserNameW` is told: 512 characters.
 constexpr DWORD userNameSize = 512;
-/// What is shown instead of a name keeps to the 255 characters that a name can have at most.
+/// The field for a name is 256 characters long: what stands in for one keeps to it, with its terminator.
 constexpr std::size_t placeholderLength = 255;
 
 CString currentUserName() {
@@ -35,8 +35,8 @@ struct SidDeleter {
 bool isAdministrator() {
     SID_IDENTIFIER_AUTHORITY authority = {SECURITY_NT_AUTHORITY};
     PSID administrators = nullptr;
-    if (!AllocateAndInitializeSid(&authority, 2, SECURITY_BUILTIN_DOMAIN_RID, DOMAIN_ALIAS_RID_ADMINS, 0, 0, 0, 0, 0, 0,
-                                  &administrators)) {
+    if (!AllocateAndInitializeSid(&authority, 2, SECURITY_BUILTIN_DOMAIN_RID, DOMAIN_ALIAS_RID_ADMINS, 0, 0,
+                                  0, 0, 0, 0, &administrators)) {
         return false;
     }
     const std::unique_ptr<void, SidDeleter> owned(administrators);

@@ -50,20 +50,21 @@ bool readVersion(const Wording& wording, const CString& key, CString& version, i
     try {
         exists = QVRegistry::mf_exists(name, key, HKEY_LOCAL_MACHINE) != 0;
     } catch (QVErrno& error) {
-        writeLog(QVLogData::LEVEL_E, originator, wording.checkFailed, QVLog::TAB, key, QVLog::TAB, name, QVLog::TAB,
-                 error, QVLog::TAB);
+        writeLog(QVLogData::LEVEL_E, originator, wording.checkFailed, QVLog::TAB, key, QVLog::TAB, name,
+                 QVLog::TAB, error, QVLog::TAB);
     }
     if (!exists) {
         version = QVString(3336);
         *problem = 1;
-        writeLog(QVLogData::LEVEL_E, originator, wording.notPresent, QVLog::TAB, key, QVLog::TAB, name, QVLog::TAB);
+        writeLog(QVLogData::LEVEL_E, originator, wording.notPresent, QVLog::TAB, key, QVLog::TAB, name,
+                 QVLog::TAB);
         return false;
     }
     try {
         QVRegistry::mf_getValue(name, version, key, HKEY_LOCAL_MACHINE);
     } catch (QVErrno& error) {
-        writeLog(QVLogData::LEVEL_E, originator, wording.readFailed, QVLog::TAB, key, QVLog::TAB, name, QVLog::TAB,
-                 error, QVLog::TAB);
+        writeLog(QVLogData::LEVEL_E, originator, wording.readFailed, QVLog::TAB, key, QVLog::TAB, name,
+                 QVLog::TAB, error, QVLog::TAB);
         version = QVString(3273);
         *problem = 1;
     }
@@ -77,8 +78,8 @@ std::unique_ptr<QVConfigurator> makeConfigurator(const CString& apiVersion, CStr
         return std::unique_ptr<QVConfigurator>(QVConfigurator::mf_createInstance(QVBackend::QSX));
     } catch (QVErrno& error) {
         writeLog(QVLogData::LEVEL_E, originator,
-                 L"Failure determining Pelmora APIs version\r\n%sversion = '%s':\r\n%s%s", QVLog::TAB, apiVersion,
-                 QVLog::TAB, error);
+                 L"Failure determining Pelmora APIs version\r\n%sversion = '%s':\r\n%s%s", QVLog::TAB,
+                 apiVersion, QVLog::TAB, error);
         result += QVString(3244, apiVersion, L"N/A");
         *problem = 1;
         return nullptr;
@@ -118,10 +119,11 @@ const CString QVInstallationChecker::mf_getVersion(int* problem) {
     try {
         if (!QVRegistry::mf_exists(name, key, HKEY_LOCAL_MACHINE)) return QVString(3252, key, name);
     } catch (QVErrno& error) {
-        writeLog(QVLogData::LEVEL_E, originator,
-                 L"Failure checking existence of HsmlClient version in the registry key\r\n%sroot path = '%s'\r\n"
-                 L"%skey = '%s'\r\n%s%s",
-                 QVLog::TAB, key, QVLog::TAB, name, QVLog::TAB, error);
+        writeLog(
+            QVLogData::LEVEL_E, originator,
+            L"Failure checking existence of HsmlClient version in the registry key\r\n%sroot path = '%s'\r\n"
+            L"%skey = '%s'\r\n%s%s",
+            QVLog::TAB, key, QVLog::TAB, name, QVLog::TAB, error);
         return QVString(3250) + formatted(L"    %s\\%s\n", key, name);
     }
     CString version;

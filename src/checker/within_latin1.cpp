@@ -18,7 +18,8 @@ CString withinLatin1(const CString& text) {
     narrow.reserve(units.size());
     for (std::size_t i = 0; i < units.size(); ++i) {
         narrow += units[i] > 0xFF ? L'?' : units[i];
-        const bool isPair = isLeadSurrogate(units[i]) && i + 1 < units.size() && isTrailSurrogate(units[i + 1]);
+        const bool isPair =
+            isLeadSurrogate(units[i]) && i + 1 < units.size() && isTrailSurrogate(units[i + 1]);
         if (isPair) ++i;
     }
     return CString(narrow);

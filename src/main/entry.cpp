@@ -36,8 +36,8 @@ void startStorage() {
         QVMain::mf_startStorage(0);
     } catch (QVErrno& error) {
         QVTerminalPrinter::mf_print(QVString(3552, error.mf_toString()));
-        writeLog(QVLogData::LEVEL_E, originator, L"Error in starting storage\r\n%s%s\r\ncontinuing...", QVLog::TAB,
-                 error);
+        writeLog(QVLogData::LEVEL_E, originator, L"Error in starting storage\r\n%s%s\r\ncontinuing...",
+                 QVLog::TAB, error);
     } catch (...) {
         QVTerminalPrinter::mf_print(QVString(3553));
         writeLog(QVLogData::LEVEL_E, originator, L"Error in starting storage\r\ncontinuing...");

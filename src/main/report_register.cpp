@@ -45,7 +45,8 @@ CString guilog(Checker& checker, int* problem) {
 
 CString infolog(Checker& checker, int* problem) {
     const wchar_t* const program = L"kvxinfo";
-    return QVString(3288, checker.mf_implGetOwnLogLevel(clientKeyOf(program), logLevelValue, program, problem));
+    return QVString(3288,
+                    checker.mf_implGetOwnLogLevel(clientKeyOf(program), logLevelValue, program, problem));
 }
 
 CString servicelog(Checker& checker, int* problem) {
@@ -69,7 +70,8 @@ void allquota(Checker& checker, int errorsOnly) {
     CString quotaFilePath;
     const CString result = checker.mf_getAllQuota(problem, lines, quotaFilePath);
     if (errorsOnly && !problem) return;
-    checker.mf_implPrint(QVString(3338) + quotaError(result, errorsOnly, problem) + QVString(3334, quotaFilePath));
+    checker.mf_implPrint(QVString(3338) + quotaError(result, errorsOnly, problem) +
+                         QVString(3334, quotaFilePath));
     for (int i = 0; i < lines.size(); ++i) {
         const bool last = i + 1 == lines.size();
         checker.mf_implPrint(last ? lines.line(i) : lines.line(i) + L"\n");
@@ -83,8 +85,10 @@ void quota(Checker& checker, int errorsOnly) {
     CString quotaFilePath;
     const CString result = checker.mf_getDefinedQuotas(problem, lines, quotaFilePath);
     if (errorsOnly && !problem) return;
-    checker.mf_implPrint(QVString(3332) + QVString(3334, quotaFilePath) + quotaError(result, errorsOnly, problem));
-    for (int i = 0; i < lines.size(); ++i) checker.mf_implPrint(lines.line(i) + L"\n");
+    checker.mf_implPrint(QVString(3332) + QVString(3334, quotaFilePath) +
+                         quotaError(result, errorsOnly, problem));
+    for (int i = 0; i < lines.size(); ++i)
+        checker.mf_implPrint(lines.line(i) + L"\n");
 }
 
 void locusers(Checker& checker, int errorsOnly) {
@@ -94,7 +98,8 @@ void locusers(Checker& checker, int errorsOnly) {
     CString text = QVString(3311);
     if (!listed) text += QVString(3272);
     checker.mf_implPrint(text);
-    for (int i = 0; i < users.GetSize(); ++i) checker.mf_implPrint(L"    " + users[i]->mf_getFullName() + L"\n");
+    for (int i = 0; i < users.GetSize(); ++i)
+        checker.mf_implPrint(L"    " + users[i]->mf_getFullName() + L"\n");
 }
 
 CString ip(Checker& checker, int*) {

@@ -8,6 +8,10 @@
 
 namespace {
 
+CString message(const QVString& text) {
+    return text;
+}
+
 /// What a check of one file leaves, begun with values that no check leaves by itself.
 struct Checked {
     int exists = 7;
@@ -53,7 +57,8 @@ TEST_F(InstallationFiles, AnUnknownDirectoryIsNoProblemOfThisReport) {
     int foundCount = 5;
     int missingCount = 5;
     int problem = 5;
-    EXPECT_EQ(checker.mf_checkInstallationFiles(&foundCount, &missingCount, &problem), QVString(3289));
+    EXPECT_EQ(checker.mf_checkInstallationFiles(&foundCount, &missingCount, &problem),
+              message(QVString(3289)));
     EXPECT_EQ(foundCount, 0);
     EXPECT_EQ(missingCount, 39);
     EXPECT_EQ(problem, 0);
@@ -61,7 +66,8 @@ TEST_F(InstallationFiles, AnUnknownDirectoryIsNoProblemOfThisReport) {
 
 TEST_F(InstallationFiles, TheMonitorPackageIsNotCounted) {
     std::string found;
-    for (const char* name : {"kvxmonctl.exe", "kvxscanconv.exe", "kvxmon.exe", "kvxgui.dll", "kvxrsrcmod.dll"}) {
+    for (const char* name :
+         {"kvxmonctl.exe", "kvxscanconv.exe", "kvxmon.exe", "kvxgui.dll", "kvxrsrcmod.dll"}) {
         describeInstallation(found);
         QVInstallationChecker checker;
         int foundCount = 0;
@@ -95,7 +101,7 @@ TEST_F(InstallationFiles, AFoundFile) {
     const Checked file = check(L"kvxclc.exe");
     EXPECT_EQ(file.exists, 1);
     EXPECT_EQ(file.problem, 0);
-    EXPECT_EQ(file.foundText, L"f:" + QVString(3330, CString(L"kvxclc.exe")));
+    EXPECT_EQ(file.foundText, L"f:" + message(QVString(3330, L"kvxclc.exe")));
     EXPECT_EQ(file.missingText, L"m:");
     EXPECT_EQ(file.foundCount, 11);
     EXPECT_EQ(file.missingCount, 20);
@@ -107,7 +113,7 @@ TEST_F(InstallationFiles, AMissingFile) {
     EXPECT_EQ(file.exists, 0);
     EXPECT_EQ(file.problem, 1);
     EXPECT_EQ(file.foundText, L"f:");
-    EXPECT_EQ(file.missingText, L"m:" + QVString(3319, CString(L"kvxgui.exe")));
+    EXPECT_EQ(file.missingText, L"m:" + message(QVString(3319, L"kvxgui.exe")));
     EXPECT_EQ(file.foundCount, 10);
     EXPECT_EQ(file.missingCount, 21);
 }
@@ -118,7 +124,7 @@ TEST_F(InstallationFiles, ARefusedFile) {
     EXPECT_EQ(file.exists, 0);
     EXPECT_EQ(file.problem, 1);
     EXPECT_EQ(file.foundText, L"f:");
-    EXPECT_EQ(file.missingText, L"m:" + QVString(3320, CString(L"kvxclc.exe")));
+    EXPECT_EQ(file.missingText, L"m:" + message(QVString(3320, L"kvxclc.exe")));
     EXPECT_EQ(file.foundCount, 10);
     EXPECT_EQ(file.missingCount, 21);
 }

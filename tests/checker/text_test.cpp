@@ -10,7 +10,9 @@ TEST(WithinLatin1, KeepsWhatTheReportFileCanHold) {
 }
 
 TEST(WithinLatin1, OneQuestionMarkForACharacter) {
-    EXPECT_EQ(withinLatin1(L"<\u0100\u4E2D>"), L"<?" L"?>");
+    EXPECT_EQ(withinLatin1(L"<\u0100\u4E2D>"),
+              L"<?"
+              L"?>");
     const wchar_t pair[] = {L'<', 0xD83D, 0xDE00, L'>', 0};
     EXPECT_EQ(withinLatin1(pair), L"<?>");
 }

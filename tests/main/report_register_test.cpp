@@ -9,11 +9,13 @@ namespace {
 
 TEST(ReportRegister, HasTheReportsInTheOrderInWhichTheyRun) {
     const std::vector<std::wstring> expected = {
-        L"installdir", L"files",     L"clclog",    L"guilog",    L"infolog", L"servicelog", L"filter",  L"allquota", L"quota",
-        L"locusers",   L"domusers",  L"locgroups", L"domgroups", L"locusergr", L"domusergr", L"pelmora", L"ip",      L"win",
-        L"wincp",      L"disk",      L"cluster",   L"user",      L"version", L"driver",     L"domain"};
+        L"installdir", L"files",   L"clclog",   L"guilog",   L"infolog",   L"servicelog", L"filter",
+        L"allquota",   L"quota",   L"locusers", L"domusers", L"locgroups", L"domgroups",  L"locusergr",
+        L"domusergr",  L"pelmora", L"ip",       L"win",      L"wincp",     L"disk",       L"cluster",
+        L"user",       L"version", L"driver",   L"domain"};
     std::vector<std::wstring> keywords;
-    for (const Report& report : reports()) keywords.emplace_back(report.keyword);
+    for (const Report& report : reports())
+        keywords.emplace_back(report.keyword);
     EXPECT_EQ(keywords, expected);
 }
 
@@ -36,7 +38,8 @@ TEST(ReportRegister, FlagsArePresetWhereNothingIsKnownYet) {
     for (const Report& report : reports()) {
         if (report.preset != 0) preset.emplace_back(report.keyword);
     }
-    EXPECT_EQ(preset, (std::vector<std::wstring>{L"installdir", L"clclog", L"guilog", L"infolog", L"servicelog", L"filter"}));
+    EXPECT_EQ(preset, (std::vector<std::wstring>{L"installdir", L"clclog", L"guilog", L"infolog",
+                                                 L"servicelog", L"filter"}));
 }
 
 TEST(ReportRegister, ThreeReportsNeverShowInErrorsOnlyMode) {

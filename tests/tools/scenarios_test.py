@@ -15,6 +15,7 @@ import scenario_wine
 import scenarios
 from machine_text import Staging, parse_machine
 from scenario_compare import log_lines
+from scenario_failures import failing
 
 # Stands for the program: banner and arguments on the console, a log of two records, a report on "save".
 PROGRAM = r"""#!/bin/sh
@@ -226,6 +227,48 @@ class ShownAndListed(RunnerTest):
         self.assertIn("\n## start\n\n| Scenario | What it shows |\n|---|---|\n"
                       "| [a](start/a.scenario) | What it shows. |\n"
                       "| [b](start/b.scenario) | This \\| that. |\n", page)
+
+    def test_page_has_the_scenarios_of_each_call_that_fails(self):
+        machine = ('=== machine\n[failures]\nQVA::mf_b "A|B" call 2 : error System 5 "c : d"  # why\n'
+                   'QVA::mf_b : answer 0\nQVA::mf_b from call 3 : foreign\n# QVC::mf_d : foreign\n')
+        self.write("start/a.scenario", GOOD + machine)
+        self.write("start/b.scenario", GOOD + "=== machine\n[failures]\nQVA::mf_b : foreign\n")
+        self.write("start/c.scenario", GOOD + "=== machine\n[groups]\n! error 1722 bob\n[users]\n! refused\n")
+        page = scenario_list.page(self.folder, self.folder)
+        self.assertIn("| [c](start/c.scenario) | What it shows. |\n"
+                      "\n| What fails | Scenarios |\n|---|---|\n"
+                      "| `QVA::mf_b` | a, b |\n"
+                      '| `QVA::mf_b "A\\|B"` | a |\n'
+                      "| natural: groups bob: error 1722 | c |\n"
+                      "| natural: users: refused | c |\n", page)
+
+    def test_nothing_fails_no_table(self):
+        self.write("start/a.scenario", GOOD + "=== machine\n[machine]\nbase = sample\n[failures]\n")
+        self.assertNotIn("What fails", scenario_list.page(self.folder, self.folder))
+
+    def test_natural_causes_are_found_in_every_section(self):
+        machine = """\
+=== machine
+[registry]
+[HKEY_LOCAL_MACHINE\\SOFTWARE\\A] error 1018
+[HKEY_LOCAL_MACHINE\\SOFTWARE\\B]
+"a"=refused
+"b"="refused"
+[files]
+! refused C:\\a b
+[contents C:\\c]
+! error 0x20
+[domain]
+reachable = no 1722
+[volumes]
+D: = optical error 21 device x
+E: = fixed "an error 5 "
+"""
+        scenario = scenario_file.read(self.write("start/a.scenario", GOOD + machine))
+        self.assertEqual(failing(scenario), [
+            "natural: registry key A: error 1018", "natural: registry value B\\a: refused",
+            "natural: files C:\\a b: refused", "natural: contents C:\\c: error 0x20",
+            "natural: domain out of reach: error 1722", "natural: volume: error 21"])
 
     def test_stale_page_fails(self):
         self.write("start/a.scenario", GOOD)

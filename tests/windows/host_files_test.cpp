@@ -106,18 +106,39 @@ TEST_F(HostFiles, ReadsAWholeFileUpToALimit) {
 }
 
 TEST_F(HostFiles, ALogGrowsOnUntilItIsTooLarge) {
-    append(L"kvx.log", "first");
-    append(L"kvx.log", " second");
-    EXPECT_EQ(contents(L"kvx.log"), "first second");
+    append(L"kvx.log", "first\n");
+    append(L"kvx.log", "second\n");
+    EXPECT_EQ(contents(L"kvx.log"), "first\nsecond\n");
 
-    append(L"kvx.log", "third", 11);
-    EXPECT_EQ(contents(L"kvx.log"), "third");
-    EXPECT_EQ(contents(L"kvx.old.log"), "first second");
+    append(L"kvx.log", "third\n", 12);
+    EXPECT_EQ(contents(L"kvx.log"), "third\n");
+    EXPECT_EQ(contents(L"kvx.old.log"), "first\nsecond\n");
 
-    append(L"kvx.log", "4", 4);
-    EXPECT_EQ(contents(L"kvx.old.log"), "third");
+    append(L"kvx.log", "\n", 5);
+    EXPECT_EQ(contents(L"kvx.old.log"), "third\n");
     append(L"kvx.log", "5", 1);
-    EXPECT_EQ(contents(L"kvx.log"), "45");
+    EXPECT_EQ(contents(L"kvx.log"), "\n5");
+}
+
+TEST_F(HostFiles, ALogFinishesTheLineThatAnEarlierRunCouldNot) {
+    append(L"kvx.log", "");
+    append(L"kvx.log", "one\r\ntw");
+    EXPECT_EQ(contents(L"kvx.log"), "one\r\ntw");
+    append(L"kvx.log", "three\r\n");
+    EXPECT_EQ(contents(L"kvx.log"), "one\r\ntw\r\nthree\r\n");
+    append(L"kvx.log", "four\r");
+    append(L"kvx.log", "five\r\n");
+    EXPECT_EQ(contents(L"kvx.log"), "one\r\ntw\r\nthree\r\nfour\r\r\nfive\r\n");
+}
+
+TEST_F(HostFiles, ALogThatAnotherRunHasOpenIsRenamedAllTheSame) {
+    append(L"kvx.log", "large\n");
+    const auto earlier = host::openForAppending(path(L"kvx.log"), 1000, path(L"kvx.old.log"));
+    ASSERT_TRUE(earlier.found());
+    append(L"kvx.log", "new\n", 5);
+    EXPECT_TRUE(earlier.value->append("late\n"));
+    EXPECT_EQ(contents(L"kvx.log"), "new\n");
+    EXPECT_EQ(contents(L"kvx.old.log"), "large\nlate\n");
 }
 
 TEST_F(HostFiles, ALogCanBeReadWhileItIsOpenAndTwoRunsShareIt) {

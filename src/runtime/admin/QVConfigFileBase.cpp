@@ -21,6 +21,10 @@ std::string contentsOf(const CString& path) {
 
 void QVConfigFileBase::mf_parse() {
     if (operation::answersZero(L"QVConfigFileBase::mf_parse", m_path)) return;
+    parse();
+}
+
+void QVConfigFileBase::parse() {
     discard();
     checkPath();
     const std::string bytes = contentsOf(m_path);

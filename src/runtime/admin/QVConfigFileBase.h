@@ -16,6 +16,8 @@ public:
     /// file cannot be read, is larger than 16 MiB, or holds a mistake: the error names file and line and what
     /// was expected. What was read up to there is kept.
     void mf_parse();
+    /// The same for the runtime's own needs: no operation of the program.
+    void parse();
 
     const CString& mf_getPath() const { return m_path; }
 

@@ -5,12 +5,9 @@
 
 CString QVQuota::text() const {
     switch (m_kind) {
-        case Kind::bytes:
-            return exactSizeText(m_bytes);
-        case Kind::unlimited:
-            return L"unlimited";
-        default:
-            return L"no quota";
+        case Kind::bytes: return exactSizeText(m_bytes);
+        case Kind::unlimited: return L"unlimited";
+        default: return L"no quota";
     }
 }
 

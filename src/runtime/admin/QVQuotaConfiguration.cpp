@@ -129,8 +129,8 @@ Rule ruleFor(Instance& quotas, const host::Sid& sid) {
 void QVQuotaConfiguration::mf_createInstance() {
     if (operation::answersZero(L"QVQuotaConfiguration::mf_createInstance")) return;
     instance.reset();
-    auto file = std::make_unique<QVQuotaFile>(QVQuotaFile::mf_getConfigFileName());
-    file->mf_parse();
+    auto file = std::make_unique<QVQuotaFile>();
+    file->parse();
     instance = std::make_unique<Instance>(std::move(file));
 }
 
@@ -155,13 +155,9 @@ QuotaType QVQuotaConfiguration::mf_getQuota(const SID* account, QVQuota*& quota,
 const CString QVQuotaConfiguration::mf_getQuotaTypeString(QuotaType type, int) {
     if (operation::answersZero(L"QVQuotaConfiguration::mf_getQuotaTypeString")) return {};
     switch (type) {
-        case userEntry:
-            return L"user entry";
-        case groupEntry:
-            return L"group entry";
-        case defaultEntry:
-            return L"default entry";
-        default:
-            return L"no quota rule";
+        case userEntry: return L"user entry";
+        case groupEntry: return L"group entry";
+        case defaultEntry: return L"default entry";
+        default: return L"no quota rule";
     }
 }

@@ -55,6 +55,14 @@ LookedUp lookUp(const std::wstring& written, const CString& place) {
     return asWritten;
 }
 
+CString configFileName() {
+    const auto directory = installationDirectory();
+    if (!directory.found()) return relativeName;
+    const std::size_t end = directory.value.find_last_not_of(L"\\/");
+    const std::wstring withoutSeparator = directory.value.substr(0, end == std::wstring::npos ? 0 : end + 1);
+    return CString(withoutSeparator + L"\\" + relativeName);
+}
+
 [[noreturn]] void refuseDuplicate(const CString& what, std::size_t firstLine) {
     throw ConfigMistake{formatted(L"%s was already given in line %u, expected it once", what,
                                   static_cast<unsigned long long>(firstLine))};
@@ -64,12 +72,10 @@ LookedUp lookUp(const std::wstring& written, const CString& place) {
 
 const CString QVQuotaFile::mf_getConfigFileName() {
     if (operation::answersZero(L"QVQuotaFile::mf_getConfigFileName")) return {};
-    const auto directory = installationDirectory();
-    if (!directory.found()) return relativeName;
-    const std::size_t end = directory.value.find_last_not_of(L"\\/");
-    const std::wstring withoutSeparator = directory.value.substr(0, end == std::wstring::npos ? 0 : end + 1);
-    return CString(withoutSeparator + L"\\" + relativeName);
+    return configFileName();
 }
+
+QVQuotaFile::QVQuotaFile() : QVConfigFileBase(configFileName()) {}
 
 QVQuotaFile::QVQuotaFile(const CString& path) : QVConfigFileBase(path) {
     if (operation::answersZero(L"QVQuotaFile::QVQuotaFile", path)) return;

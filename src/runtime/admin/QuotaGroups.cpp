@@ -17,13 +17,15 @@ void QuotaGroups::match(const host::Account& group, Matches& matches) const {
 
 QuotaGroups::Matches QuotaGroups::matchesAlone(const host::Account& account, bool ofDomain) const {
     Matches matches;
-    for (const host::Account& group : groupsOf(account, ofDomain)) match(group, matches);
+    for (const host::Account& group : groupsOf(account, ofDomain))
+        match(group, matches);
     return matches;
 }
 
 QuotaGroups::Matches QuotaGroups::matchesIn(const MembershipTable& table, std::size_t index) const {
     Matches matches;
-    for (const std::uint32_t group : table.groupsOf(index)) match(table.group(group), matches);
+    for (const std::uint32_t group : table.groupsOf(index))
+        match(table.group(group), matches);
     return matches;
 }
 
@@ -61,7 +63,8 @@ void QuotaGroups::tryTable(const host::Account& account, std::size_t index, cons
 }
 
 std::set<int> QuotaGroups::decided(const Matches& matches) const {
-    for (const host::Account& group : matches.undecided) m_groups.find(QVSid(group));
+    for (const host::Account& group : matches.undecided)
+        m_groups.find(QVSid(group));
     return matches.entries;
 }
 
@@ -71,7 +74,8 @@ std::set<int> QuotaGroups::entriesOf(const host::Account& account) {
 
     m_memberships.follow(QVDomainController::listedUsers());
     const std::size_t index = m_memberships.find(account);
-    if (index != ListedAccounts::none && m_memberships.table()) return decided(matchesIn(*m_memberships.table(), index));
+    if (index != ListedAccounts::none && m_memberships.table())
+        return decided(matchesIn(*m_memberships.table(), index));
     const Matches alone = matchesAlone(account, true);
     if (m_memberships.isDue(index)) tryTable(account, index, alone);
     return decided(alone);

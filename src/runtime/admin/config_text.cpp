@@ -39,12 +39,9 @@ ConfigLines::ConfigLines(std::string_view bytes) : m_rest(bytes) {
 wchar_t ConfigLines::unitAt(std::string_view bytes, std::size_t at) const {
     const auto byte = [bytes](std::size_t index) { return static_cast<unsigned char>(bytes[index]); };
     switch (m_encoding) {
-        case Encoding::utf16LittleEndian:
-            return static_cast<wchar_t>(byte(at) | byte(at + 1) << 8);
-        case Encoding::utf16BigEndian:
-            return static_cast<wchar_t>(byte(at) << 8 | byte(at + 1));
-        default:
-            return static_cast<wchar_t>(byte(at));
+        case Encoding::utf16LittleEndian: return static_cast<wchar_t>(byte(at) | byte(at + 1) << 8);
+        case Encoding::utf16BigEndian: return static_cast<wchar_t>(byte(at) << 8 | byte(at + 1));
+        default: return static_cast<wchar_t>(byte(at));
     }
 }
 

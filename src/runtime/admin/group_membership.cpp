@@ -30,8 +30,9 @@ void append(const host::Answer<Accounts>& answer, const wchar_t* which, const ho
 
 /// A controller takes the bare name of an account of any other place for one of its own.
 bool isOfDomain(const host::Account& account) {
-    if (!QVDomainController::mf_isJoined()) return false;
-    if (equalNames(account.domain, QVDomainController::mf_getDomainName())) return true;
+    const host::Membership& membership = QVDomainController::membership();
+    if (!membership.joined) return false;
+    if (equalNames(account.domain, CString(membership.domainName))) return true;
     const auto system = host::system();
     if (!system.found()) raise(system.failure, L"the name of this computer cannot be determined");
     if (equalNames(account.domain, CString(system.value.computerName))) return false;

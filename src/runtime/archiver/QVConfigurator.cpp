@@ -20,9 +20,15 @@ DottedVersion installedVersion() {
     const auto value = host::registryValue(is32Bit ? product::apiKey32 : product::apiKey64, L"PtfLevel");
     if (value.isMissing()) raise(QVErrno::_E_::Unspecific, L"the backup API is not installed");
     if (!value.found()) raise(value.failure, L"the version of the backup API cannot be read");
+    if (value.value.kind != host::RegistryValue::Kind::text) {
+        raise(QVErrno::_E_::Unspecific,
+              formatted(L"the version of the backup API is %s, but a text was expected",
+                        value.value.typeName.c_str()));
+    }
     const auto version = parseDottedVersion(CString(value.value.text));
-    if (value.value.kind != host::RegistryValue::Kind::text || !version) {
-        raise(QVErrno::_E_::Unspecific, formatted(L"'%s' is not a version of the backup API", value.value.text.c_str()));
+    if (!version) {
+        raise(QVErrno::_E_::Unspecific,
+              formatted(L"'%s' is not a version of the backup API", value.value.text.c_str()));
     }
     return *version;
 }

@@ -61,9 +61,11 @@ int CString::CompareNoCase(const CString& other) const {
 }
 
 void CString::MakeLower() {
-    for (wchar_t& unit : m_units) unit = lower(unit);
+    for (wchar_t& unit : m_units)
+        unit = lower(unit);
 }
 
 void CString::MakeUpper() {
-    for (wchar_t& unit : m_units) unit = upper(unit);
+    for (wchar_t& unit : m_units)
+        unit = upper(unit);
 }

@@ -16,7 +16,9 @@ public:
     CString() = default;
     CString(const wchar_t* text) : m_units(text ? text : L"") {}  ///< a null pointer gives an empty string
     /// Takes the units up to the first NUL.
-    CString(std::wstring units) : m_units(std::move(units)) { m_units.resize(std::char_traits<wchar_t>::length(m_units.c_str())); }
+    CString(std::wstring units) : m_units(std::move(units)) {
+        m_units.resize(std::char_traits<wchar_t>::length(m_units.c_str()));
+    }
     /// From a narrow literal; bytes above 0x7F are taken as U+0080 to U+00FF.
     explicit CString(const char* narrow);
 
@@ -58,7 +60,9 @@ public:
     friend CString operator+(CString left, const CString& right) { return std::move(left += right); }
     friend CString operator+(CString left, const wchar_t* right) { return std::move(left += right); }
     friend CString operator+(const wchar_t* left, const CString& right) { return CString(left) + right; }
-    friend bool operator==(const CString& left, const CString& right) { return left.m_units == right.m_units; }
+    friend bool operator==(const CString& left, const CString& right) {
+        return left.m_units == right.m_units;
+    }
     friend bool operator==(const CString& left, const wchar_t* right) { return left.m_units == right; }
 
 private:

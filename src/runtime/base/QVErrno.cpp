@@ -28,7 +28,8 @@ std::wstring inOneLine(std::wstring text) {
     for (wchar_t& unit : text) {
         if (unit == L'\r' || unit == L'\n') unit = L' ';
     }
-    while (!text.empty() && text.back() == L' ') text.pop_back();
+    while (!text.empty() && text.back() == L' ')
+        text.pop_back();
     return text;
 }
 
@@ -37,7 +38,9 @@ std::wstring inOneLine(std::wstring text) {
 QVErrnoData::QVErrnoData(const QVErrnoValue& category) : QVErrnoData(category, CString()) {}
 
 QVErrnoData::QVErrnoData(const QVErrnoValue& category, const CString& originatorMessage)
-    : m_value(category.value()), m_message(messageOf(category.value())), m_originatorMessage(originatorMessage) {}
+    : m_value(category.value()),
+      m_message(messageOf(category.value())),
+      m_originatorMessage(originatorMessage) {}
 
 void QVErrnoData::setMessage(const wchar_t* messageKey, std::initializer_list<const wchar_t*> inserts) {
     CString details;
@@ -47,8 +50,7 @@ void QVErrnoData::setMessage(const wchar_t* messageKey, std::initializer_list<co
     m_message = messageKey + (details.IsEmpty() ? L": " + m_message : details);
 }
 
-QVErrno::QVErrno(const QVErrnoData& data, unsigned long systemError)
-    : m_data(data) {
+QVErrno::QVErrno(const QVErrnoData& data, unsigned long systemError) : m_data(data) {
     m_data.m_systemError = static_cast<std::uint32_t>(systemError);
 }
 
@@ -58,7 +60,8 @@ const CString QVErrno::mf_toString() const noexcept try {
     const bool told = text.ends_with(originator);  // by a message that has it as its insert
     if (!told) text += (text.empty() ? L"" : L": ") + originator;
     if (m_data.m_systemError != 0) {
-        text += formatText(L", system error %u: ", m_data.m_systemError) + host::systemErrorText(m_data.m_systemError);
+        text += formatText(L", system error %u: ", m_data.m_systemError) +
+                host::systemErrorText(m_data.m_systemError);
     }
     return CString(inOneLine(std::move(text)));
 } catch (...) {

@@ -35,8 +35,8 @@ public:
     /// where all of them are empty the message that was there stands behind the key. The four numbers tell the place in
     /// the source that raises the message; nothing shows them.
     template <class... Inserts>
-    static void mf_setMessage(QVErrnoData& target, const wchar_t* messageKey, unsigned int, unsigned int, unsigned int,
-                              unsigned int, const Inserts&... inserts) {
+    static void mf_setMessage(QVErrnoData& target, const wchar_t* messageKey, unsigned int, unsigned int,
+                              unsigned int, unsigned int, const Inserts&... inserts) {
         target.setMessage(messageKey, {static_cast<const wchar_t*>(inserts)...});
     }
 

@@ -28,16 +28,20 @@ namespace {
 constexpr std::uint64_t rotateAboveBytes = 8ULL * 1024 * 1024;
 
 std::unique_ptr<host::AppendedFile> logFile;
+/// Whether the last record may lack its end: it could not be written, or not all of it.
+bool lastRecordFailed = false;
 
 wchar_t letterOf(std::uint32_t mask) {
     constexpr wchar_t letters[] = L"SEWITDLCFX";
     int bit = 0;
-    while (bit < 9 && (mask >> bit) != 1) ++bit;
+    while (bit < 9 && (mask >> bit) != 1)
+        ++bit;
     return letters[bit];
 }
 
 bool isLineBreak(wchar_t unit) {
-    return unit == L'\n' || unit == L'\r' || unit == 0x0B || unit == 0x0C || unit == 0x85 || unit == 0x2028 || unit == 0x2029;
+    return unit == L'\n' || unit == L'\r' || unit == 0x0B || unit == 0x0C || unit == 0x85 || unit == 0x2028 ||
+           unit == 0x2029;
 }
 
 /// Also the controls that let a viewer show text in another order than it has.
@@ -78,9 +82,9 @@ std::wstring harmlessText(const wchar_t* format, const FormatArgument* inserts, 
 
 std::wstring timeStamp(const host::LocalTime& now) {
     const int offset = now.offsetMinutes < 0 ? -now.offsetMinutes : now.offsetMinutes;
-    return formatText(L"%04d-%02d-%02d %02d:%02d:%02d.%03d%c%02d:%02d", now.year, now.month, now.day, now.hour,
-                      now.minute, now.second, now.millisecond, now.offsetMinutes < 0 ? L'-' : L'+', offset / 60,
-                      offset % 60);
+    return formatText(L"%04d-%02d-%02d %02d:%02d:%02d.%03d%c%02d:%02d", now.year, now.month, now.day,
+                      now.hour, now.minute, now.second, now.millisecond, now.offsetMinutes < 0 ? L'-' : L'+',
+                      offset / 60, offset % 60);
 }
 
 /// "kvxinfo.log" -> "kvxinfo.old.log"
@@ -106,7 +110,7 @@ void QVLog::write(const QVLogData& level, const wchar_t* originator, const wchar
     const std::wstring record = timeStamp(host::localTime()) + formatText(L" [%u] ", host::processId()) +
                                 letterOf(level.m_mask) + L" " + originator + L": " +
                                 harmlessText(format, inserts, count) + L"\r\n";
-    logFile->append(host::toUtf8(record));
+    lastRecordFailed = !logFile->append(host::toUtf8(lastRecordFailed ? L"\r\n" + record : record));
 } catch (...) {
     // A record is never worth the failure that it was to describe.
 }
@@ -115,6 +119,7 @@ void QVLog::start(const CString& fileName) {
     auto file = host::openForAppending(fileName.units(), rotateAboveBytes, rotatedName(fileName.units()));
     if (!file.found()) raise(file.failure, L"the trace log " + fileName + L" cannot be opened");
     logFile = std::move(file.value);
+    lastRecordFailed = false;
     enabledLevels = configuredLevels();
     operation::observed = true;
 }

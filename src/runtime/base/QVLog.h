@@ -31,7 +31,7 @@ public:
     /// Appends one record: time, process, level, `originator` and the formatted text, and hands it to the operating system. Does
     /// nothing before the log was started, after it was stopped, and for a level that is not enabled. Line breaks that
     /// come with an insert are led by TAB, its other control characters are shown as "\xNN": no insert can forge a
-    /// record. Never throws; a record that cannot be written is lost.
+    /// record. Never throws; a record that cannot be written is lost, and the next one begins on a line of its own.
     template <class... Inserts>
     static void mf_writeMessage(const QVLogData& level, const wchar_t* originator, const wchar_t* format,
                                 const Inserts&... inserts) noexcept {

@@ -16,11 +16,14 @@ bool isLetter(wchar_t unit) {
 
 CString joined(const CString& directory, const CString& name) {
     std::wstring path = directory.units();
+    if (path.empty()) return name;
+    // What begins with two separators is a share, and they are not surplus.
+    while (path.size() > 2 && isSeparator(path.back()))
+        path.pop_back();
+    if (!isSeparator(path.back())) path += L'\\';
     std::size_t begin = 0;
-    if (!path.empty()) {
-        while (begin < name.units().size() && isSeparator(name.units()[begin])) ++begin;
-        if (!isSeparator(path.back())) path += L'\\';
-    }
+    while (begin < name.units().size() && isSeparator(name.units()[begin]))
+        ++begin;
     return CString(path + name.units().substr(begin));
 }
 

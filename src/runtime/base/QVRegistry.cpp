@@ -20,15 +20,16 @@ void requireLocalMachine(HKEY root) {
 }
 
 /// The value, which must be of `kind`.
-RegistryValue read(const CString& valueName, const CString& keyPath, RegistryValue::Kind kind, const wchar_t* expected) {
+RegistryValue read(const CString& valueName, const CString& keyPath, RegistryValue::Kind kind,
+                   const wchar_t* expected) {
     auto answer = host::registryValue(keyPath.units(), valueName.units());
     if (answer.isMissing()) {
         raise(QVErrno::_E_::System, named(valueName, keyPath) + L" is missing", errorFileNotFound);
     }
     if (!answer.found()) raise(answer.failure, named(valueName, keyPath) + L" cannot be read");
     if (answer.value.kind != kind) {
-        raise(QVErrno::_E_::Unspecific,
-              formatted(L"%s is %s, but %s was expected", named(valueName, keyPath), answer.value.typeName.c_str(), expected));
+        raise(QVErrno::_E_::Unspecific, formatted(L"%s is %s, but %s was expected", named(valueName, keyPath),
+                                                  answer.value.typeName.c_str(), expected));
     }
     return std::move(answer.value);
 }
@@ -46,12 +47,13 @@ int QVRegistry::mf_PathExists(const CString& keyPath, HKEY root) {
 int QVRegistry::mf_exists(const CString& valueName, const CString& keyPath, HKEY root) {
     if (operation::answersZero(L"QVRegistry::mf_exists", keyPath, valueName)) return 0;
     requireLocalMachine(root);
-    const auto answer = host::registryValue(keyPath.units(), valueName.units());
+    const auto answer = host::registryValueExists(keyPath.units(), valueName.units());
     if (answer.unanswered()) raise(answer.failure, named(valueName, keyPath) + L" cannot be checked");
     return answer.found() ? 1 : 0;
 }
 
-void QVRegistry::mf_getValue(const CString& valueName, unsigned long& value, const CString& keyPath, HKEY root) {
+void QVRegistry::mf_getValue(const CString& valueName, unsigned long& value, const CString& keyPath,
+                             HKEY root) {
     if (operation::answersZero(L"QVRegistry::mf_getValue", keyPath, valueName)) {
         value = 0;
         return;

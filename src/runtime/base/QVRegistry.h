@@ -15,7 +15,8 @@ public:
     static int mf_exists(const CString& valueName, const CString& keyPath, HKEY root);
 
     /// Reads a 32-bit value (REG_DWORD). Throws also when it is missing or of another type; `value` is then unchanged.
-    static void mf_getValue(const CString& valueName, unsigned long& value, const CString& keyPath, HKEY root);
+    static void mf_getValue(const CString& valueName, unsigned long& value, const CString& keyPath,
+                            HKEY root);
 
     /// Reads a string value (REG_SZ, REG_EXPAND_SZ expanded), up to its first NUL. Throws as above.
     static void mf_getValue(const CString& valueName, CString& value, const CString& keyPath, HKEY root);

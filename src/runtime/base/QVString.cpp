@@ -7,7 +7,8 @@ namespace {
 /// What a message without a text shows: nothing that the program meant to say is lost.
 std::wstring identified(unsigned int id, std::initializer_list<FormatArgument> inserts) {
     std::wstring text = L"[" + plainText(FormatArgument(id));
-    for (const FormatArgument& insert : inserts) text += L"|" + plainText(insert);
+    for (const FormatArgument& insert : inserts)
+        text += L"|" + plainText(insert);
     return text + L"]";
 }
 

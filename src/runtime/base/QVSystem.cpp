@@ -10,14 +10,13 @@
 
 namespace {
 
-host::SystemFacts requireFacts() {
-    auto answer = host::system();
-    if (!answer.found()) raise(answer.failure, L"the system does not tell its version");
-    return std::move(answer.value);
+/// A fact that came without a text is unknown too.
+CString known(const std::wstring& text) {
+    return CString(text.empty() ? L"unknown" : text);
 }
 
 CString windowsName(const host::SystemFacts& facts) {
-    const CString name(facts.windowsName);
+    const CString name = known(facts.windowsName);
     return facts.release.empty() ? name : name + L" " + CString(facts.release);
 }
 
@@ -44,7 +43,8 @@ void addHardware(FactLines& lines, const host::SystemFacts& facts) {
 void addStart(FactLines& lines, const host::SystemFacts& facts) {
     if (!facts.startTime) return lines.add(L"Started:", L"unknown");
     const host::LocalTime& at = *facts.startTime;
-    lines.add(L"Started:", formatted(L"%04d-%02d-%02d %02d:%02d:%02d", at.year, at.month, at.day, at.hour, at.minute, at.second));
+    lines.add(L"Started:", formatted(L"%04d-%02d-%02d %02d:%02d:%02d", at.year, at.month, at.day, at.hour,
+                                     at.minute, at.second));
 }
 
 void addAddresses(FactLines& lines) {
@@ -53,7 +53,8 @@ void addAddresses(FactLines& lines) {
     bool any = false;
     for (const host::AdapterFacts& adapter : adapters.value) {
         for (const std::wstring& address : adapter.addresses) {
-            lines.add(any ? L"" : L"IP addresses:", formatted(L"%s (%s)", address.c_str(), adapter.name.c_str()));
+            lines.add(any ? L"" : L"IP addresses:",
+                      formatted(L"%s (%s)", address.c_str(), adapter.name.c_str()));
             any = true;
         }
     }
@@ -67,10 +68,11 @@ const CString QVSystem::mf_toString(const CString& indent) {
     FactLines lines(indent, 17);
     const auto facts = host::system();
     if (facts.found()) {
-        lines.add(L"Computer name:", CString(facts.value.computerName));
+        lines.add(L"Computer name:", known(facts.value.computerName));
         addMembership(lines);
         lines.add(L"Windows:", windowsName(facts.value));
-        lines.add(L"Version:", formatted(L"%s (%s)", versionNumber(facts.value), facts.value.architecture.c_str()));
+        lines.add(L"Version:",
+                  formatted(L"%s (%s)", versionNumber(facts.value), known(facts.value.architecture)));
         addHardware(lines, facts.value);
         addStart(lines, facts.value);
     } else {
@@ -83,19 +85,28 @@ const CString QVSystem::mf_toString(const CString& indent) {
 
 const CString QVSystem::mf_getSystemVersionString() {
     if (operation::answersZero(L"QVSystem::mf_getSystemVersionString")) return {};
-    const host::SystemFacts facts = requireFacts();
-    return formatted(L"%s, version %s (%s)", windowsName(facts), versionNumber(facts), facts.architecture.c_str());
+    const auto facts = host::system();
+    if (!facts.found()) return unknownFact(facts);
+    return formatted(L"%s, version %s (%s)", windowsName(facts.value), versionNumber(facts.value),
+                     known(facts.value.architecture));
 }
 
 int QVSystem::mf_isAtLeastW2003(unsigned short) {
     if (operation::answersZero(L"QVSystem::mf_isAtLeastW2003")) return 0;
-    const host::SystemFacts facts = requireFacts();
-    return facts.major > 5 || (facts.major == 5 && facts.minor >= 2) ? 1 : 0;
+    const auto facts = host::system();
+    if (!facts.found()) {
+        logNaturalCause(L"QVSystem::mf_isAtLeastW2003", facts, L"the system does not tell its version");
+        return 0;
+    }
+    return facts.value.major > 5 || (facts.value.major == 5 && facts.value.minor >= 2) ? 1 : 0;
 }
 
 int QVSystem::mf_is32Bit() {
     if (operation::answersZero(L"QVSystem::mf_is32Bit")) return 0;
-    return requireFacts().is32Bit ? 1 : 0;
+    const auto facts = host::system();
+    if (!facts.found())
+        logNaturalCause(L"QVSystem::mf_is32Bit", facts, L"the system does not tell its architecture");
+    return facts.found() && facts.value.is32Bit ? 1 : 0;
 }
 
 const CString QVSystem::mf_getDefaultAnsiCodepage() {

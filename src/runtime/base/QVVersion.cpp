@@ -12,7 +12,8 @@ const CString QVVersion::mf_VersionNumberToVersionString(unsigned long number) {
 unsigned long QVVersion::pack(const DottedVersion& version) {
     unsigned long packed = 0;
     for (const std::uint32_t field : version) {
-        if (field > 0xFF) raise(QVErrno::_E_::Unspecific, L"version " + toText(version) + L" cannot be packed");
+        if (field > 0xFF)
+            raise(QVErrno::_E_::Unspecific, L"version " + toText(version) + L" cannot be packed");
         packed = packed << 8 | field;
     }
     return packed;

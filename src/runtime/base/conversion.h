@@ -59,7 +59,8 @@ constexpr const wchar_t* readFlags(const wchar_t* at, Conversion& found) {
 }
 
 constexpr const wchar_t* skipLengthModifier(const wchar_t* at) {
-    while (*at == L'h' || *at == L'l' || *at == L'w') ++at;
+    while (*at == L'h' || *at == L'l' || *at == L'w')
+        ++at;
     return at;
 }
 

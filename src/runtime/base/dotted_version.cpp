@@ -17,7 +17,8 @@ std::optional<std::uint32_t> readNumber(const wchar_t*& at) {
 }
 
 const wchar_t* skipBlanks(const wchar_t* at) {
-    while (*at == L' ' || *at == L'\t') ++at;
+    while (*at == L' ' || *at == L'\t')
+        ++at;
     return at;
 }
 

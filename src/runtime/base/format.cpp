@@ -85,7 +85,8 @@ std::wstring formatWith(const wchar_t* format, const FormatArgument* arguments, 
     for (const wchar_t* at = format; *at != L'\0';) {
         if (*at != L'%') {
             const wchar_t* end = at;
-            while (*end != L'\0' && *end != L'%') ++end;
+            while (*end != L'\0' && *end != L'%')
+                ++end;
             out.append(at, end);
             at = end;
             continue;

@@ -16,9 +16,11 @@ public:
 
     FormatArgument(const wchar_t* text);  ///< a null pointer shows as "(null)"
     FormatArgument(const CString& text);
-    FormatArgument(const std::wstring& text) = delete;  ///< would refer to a copy that is gone: pass `c_str()`
+    FormatArgument(const std::wstring& text) =
+        delete;  ///< would refer to a copy that is gone: pass `c_str()`
     FormatArgument(const QVString& text);
-    FormatArgument(wchar_t character) : m_kind(Kind::character), m_number(static_cast<std::uint64_t>(character)) {}
+    FormatArgument(wchar_t character)
+        : m_kind(Kind::character), m_number(static_cast<std::uint64_t>(character)) {}
     FormatArgument(int number) : m_kind(Kind::number), m_negative(number < 0), m_number(magnitude(number)) {}
     FormatArgument(unsigned int number) : m_kind(Kind::number), m_number(number) {}
     /// A 32-bit quantity on every platform, as it is on Windows.

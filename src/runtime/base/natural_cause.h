@@ -25,7 +25,8 @@ CString unknownFact(const host::Answer<Value>& answer, const CString& unknown = 
     const host::Failure& failure = answer.failure;
     if (!failure.text.empty()) text += formatted(L": %s", failure.text.c_str());
     if (failure.code != 0) {
-        text += formatted(L", system error %u: %s", failure.code, host::systemErrorText(failure.code).c_str());
+        text +=
+            formatted(L", system error %u: %s", failure.code, host::systemErrorText(failure.code).c_str());
     }
     return text;
 }

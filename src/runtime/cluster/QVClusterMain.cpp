@@ -25,9 +25,9 @@ int QVClusterMain::mf_stopClusterStorage() {
 
 void QVClusterMain::mf_startCluster(int flags) {
     if (operation::answersZero(L"QVClusterMain::mf_startCluster", formatted(L"%d", flags))) return;
-    const auto cluster = host::cluster();
-    if (cluster.isMissing()) raise(QVErrno::_E_::Unspecific, L"this computer is not a node of a cluster");
-    if (!cluster.found()) raise(cluster.failure, L"the cluster service does not answer");
+    const auto node = host::clusterNode();
+    if (node.isMissing()) raise(QVErrno::_E_::Unspecific, L"this computer is not a node of a cluster");
+    if (!node.found()) raise(node.failure, L"the cluster service does not answer");
 }
 
 int QVClusterMain::mf_stopCluster() {

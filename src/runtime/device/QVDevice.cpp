@@ -11,6 +11,7 @@
 
 namespace {
 
+constexpr std::uint32_t errorFileNotFound = 2;
 constexpr std::uint32_t errorServiceNotActive = 1062;
 constexpr std::uint32_t errorServiceDoesNotExist = 1060;
 constexpr std::uint32_t errorResourceTypeNotFound = 1813;
@@ -23,10 +24,12 @@ void QVDevice::mf_startDriver() {
     if (operation::answersZero(L"QVDevice::mf_startDriver", product::driverService)) return;
     const auto service = host::service(product::driverService);
     const CString name = formatted(L"driver service '%s'", product::driverService);
-    if (service.isMissing()) raise(QVErrno::_E_::System, name + L" is not installed", errorServiceDoesNotExist);
+    if (service.isMissing())
+        raise(QVErrno::_E_::System, name + L" is not installed", errorServiceDoesNotExist);
     if (!service.found()) raise(service.failure, name + L" cannot be queried");
     if (!service.value.running) {
-        raise(QVErrno::_E_::System, formatted(L"%s does not run (%s)", name, service.value.state.c_str()), errorServiceNotActive);
+        raise(QVErrno::_E_::System, formatted(L"%s does not run (%s)", name, service.value.state.c_str()),
+              errorServiceNotActive);
     }
     imagePath = service.value.imagePath;
 }
@@ -36,11 +39,17 @@ unsigned long QVDevice::mf_queryDriverVersion() {
     if (!imagePath) raise(QVErrno::_E_::Unspecific, L"the driver was not started");
     const auto version = host::fileVersion(*imagePath);
     const CString image(*imagePath);
-    if (version.isMissing()) {
-        raise(QVErrno::_E_::System, formatted(L"driver image '%s' has no version", image), errorResourceTypeNotFound);
+    if (version.isMissing() && host::fileKind(*imagePath).isMissing()) {
+        raise(QVErrno::_E_::System, formatted(L"driver image '%s' is missing", image), errorFileNotFound);
     }
-    if (!version.found()) raise(version.failure, formatted(L"the version of driver image '%s' cannot be read", image));
-    return QVVersion::pack({version.value.major, version.value.minor, version.value.build, version.value.revision});
+    if (version.isMissing()) {
+        raise(QVErrno::_E_::System, formatted(L"driver image '%s' has no version", image),
+              errorResourceTypeNotFound);
+    }
+    if (!version.found())
+        raise(version.failure, formatted(L"the version of driver image '%s' cannot be read", image));
+    return QVVersion::pack(
+        {version.value.major, version.value.minor, version.value.build, version.value.revision});
 }
 
 void QVDevice::mf_stopDriver() {

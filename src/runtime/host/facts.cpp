@@ -1,5 +1,7 @@
 #include "runtime/host/facts.h"
 
+#include <iterator>
+
 #include <algorithm>
 #include <tuple>
 
@@ -30,6 +32,29 @@ bool Sid::operator<(const Sid& other) const {
     const auto [first, last] = counted(*this);
     const auto [otherFirst, otherLast] = counted(other);
     return std::lexicographical_compare(first, last, otherFirst, otherLast);
+}
+
+std::wstring registryTypeName(std::uint32_t type, std::size_t size) {
+    static constexpr const wchar_t* names[] = {
+        L"REG_NONE",
+        L"REG_SZ",
+        L"REG_EXPAND_SZ",
+        L"REG_BINARY",
+        L"REG_DWORD",
+        L"REG_DWORD_BIG_ENDIAN",
+        L"REG_LINK",
+        L"REG_MULTI_SZ",
+        L"REG_RESOURCE_LIST",
+        L"REG_FULL_RESOURCE_DESCRIPTOR",
+        L"REG_RESOURCE_REQUIREMENTS_LIST",
+        L"REG_QWORD",
+    };
+    constexpr std::uint32_t number = 4;
+    if (type == number && size != sizeof(std::uint32_t)) {
+        return std::wstring(names[type]) + L" of " + std::to_wstring(size) +
+               (size == 1 ? L" byte" : L" bytes");
+    }
+    return type < std::size(names) ? names[type] : L"registry type " + std::to_wstring(type);
 }
 
 }  // namespace host

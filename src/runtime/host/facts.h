@@ -22,6 +22,10 @@ struct RegistryValue {
     std::wstring typeName;     ///< the type as Windows names it ("REG_BINARY"), for messages
 };
 
+/// The name of a type as Windows has it ("REG_BINARY"); for a number of another size than four bytes with that size
+/// ("REG_DWORD of 1 byte").
+std::wstring registryTypeName(std::uint32_t type, std::size_t size);
+
 // --- Files ----------------------------------------------------------------------------------------------------------
 
 enum class FileKind { file, directory };
@@ -45,10 +49,10 @@ struct SystemFacts {
     std::uint32_t major = 0, minor = 0, build = 0, revision = 0;  ///< 10.0.20348.2113
     bool server = false;
     bool is32Bit = false;
-    std::wstring architecture;    ///< "x64", "ARM64", "x86"
-    std::wstring processorName;   ///< may be empty
-    std::uint32_t processors = 0; ///< logical processors over all groups; 0: unknown
-    std::uint64_t memoryBytes = 0;///< installed memory; 0: unknown
+    std::wstring architecture;      ///< "x64", "ARM64", "x86"
+    std::wstring processorName;     ///< may be empty
+    std::uint32_t processors = 0;   ///< logical processors over all groups; 0: unknown
+    std::uint64_t memoryBytes = 0;  ///< installed memory; 0: unknown
     std::optional<LocalTime> startTime;
 };
 
@@ -102,10 +106,10 @@ struct Page {
 using AccountPage = Page<Account>;
 
 struct Membership {
-    bool joined = false;             ///< member of a domain, or a domain controller itself
+    bool joined = false;  ///< member of a domain, or a domain controller itself
     bool domainController = false;
-    std::wstring domainName;         ///< NetBIOS form; the workgroup's name when not joined
-    std::wstring dnsDomainName;      ///< may be empty
+    std::wstring domainName;     ///< NetBIOS form; the workgroup's name when not joined
+    std::wstring dnsDomainName;  ///< may be empty
 };
 
 // --- Volumes --------------------------------------------------------------------------------------------------------
@@ -115,10 +119,11 @@ enum class DriveType { unknown, fixed, removable, network, optical, ramDisk };
 struct VolumeFacts {
     std::wstring device;                ///< "\\?\Volume{...}\"
     std::optional<wchar_t> letter;      ///< in capitals
-    std::vector<std::wstring> folders;  ///< mount folders, sorted
+    std::vector<std::wstring> folders;  ///< mount folders, sorted, each with "\" at its end
     DriveType type = DriveType::unknown;
-    Answer<std::wstring> fileSystem;    ///< as the system spells it; `failed` with a code for a drive that cannot tell
-    Answer<std::wstring> label;         ///< may be found and empty
+    Answer<std::wstring>
+        fileSystem;  ///< as the system spells it; `failed` with a code for a drive that cannot tell
+    Answer<std::wstring> label;  ///< may be found and empty
     Answer<std::uint64_t> sizeBytes;
     Answer<std::uint64_t> freeBytes;
 };

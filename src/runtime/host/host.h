@@ -32,15 +32,21 @@ public:
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
 
-    bool usable() const { return m_usable; }
+    bool usable() const {
+        return m_usable;
+    }
     /// The exit status of a program that cannot run over its machine, and of one that an exception ended which nothing
     /// handles. No error value is among them.
     static constexpr int unusableExitStatus = 64;
     static constexpr int abortedExitStatus = 70;
 
-    int argumentCount() const { return static_cast<int>(m_pointers.size()) - 1; }
+    int argumentCount() const {
+        return static_cast<int>(m_pointers.size()) - 1;
+    }
     /// Zero-terminated, a null pointer behind the last; owned by this object.
-    wchar_t** arguments() { return m_pointers.data(); }
+    wchar_t** arguments() {
+        return m_pointers.data();
+    }
 
 private:
     bool m_usable = true;
@@ -98,7 +104,8 @@ public:
 
 /// Opens (creates) the file `name` in the current directory for appending; others may read it meanwhile. A file that is
 /// larger than `rotateAbove` bytes is renamed to `rotatedName` first, which replaces an older one; when that fails, the
-/// file grows on. Windows: CreateFileW, MoveFileExW.
+/// file grows on. Where the file is not empty and its last line has no end, CR LF is appended to it: what an
+/// earlier run could not finish ends there. Windows: CreateFileW, MoveFileExW.
 Answer<std::unique_ptr<AppendedFile>> openForAppending(const std::wstring& name, std::uint64_t rotateAbove,
                                                        const std::wstring& rotatedName);
 
@@ -106,6 +113,10 @@ Answer<std::unique_ptr<AppendedFile>> openForAppending(const std::wstring& name,
 
 /// Whether the key exists. Windows: RegOpenKeyExW.
 Answer<Done> registryKey(const std::wstring& keyPath);
+
+/// Whether the value exists, whatever its type and contents; missing also when the key is not there.
+/// Windows: RegOpenKeyExW, RegQueryValueExW.
+Answer<Done> registryValueExists(const std::wstring& keyPath, const std::wstring& valueName);
 
 /// The value `valueName` of a key; missing when the key or the value is not there. REG_EXPAND_SZ is expanded.
 /// Windows: RegOpenKeyExW, RegQueryValueExW, ExpandEnvironmentStringsW.
@@ -162,19 +173,22 @@ Answer<AccountPage> localGroups(const AccountSource& source, std::uint64_t curso
 /// Windows: NetUserGetLocalGroups with LG_INCLUDE_INDIRECT.
 Answer<std::vector<Account>> localGroupsOf(const AccountSource& source, const Account& user);
 
-/// The global groups to which the account belongs directly, its primary group included. Windows: NetUserGetGroups.
+/// The global groups to which the account belongs directly, its primary group included.
+/// Windows: NetUserGetGroups.
 Answer<std::vector<Account>> globalGroupsOf(const AccountSource& source, const Account& user);
 
 /// The global and universal groups there. Windows: NetQueryDisplayInformation.
 Answer<AccountPage> globalGroups(const AccountSource& source, std::uint64_t cursor);
 
-/// The direct members of a group of `localGroups`: users and groups, known by SID, or by name where they have none. Missing
-/// when there is no such group (any more). Windows: NetLocalGroupGetMembers.
-Answer<AccountPage> localGroupMembers(const AccountSource& source, const Account& group, std::uint64_t cursor);
+/// The direct members of a group of `localGroups`: users and groups, known by SID, or by name where they have
+/// none. Missing when there is no such group (any more). Windows: NetLocalGroupGetMembers.
+Answer<AccountPage> localGroupMembers(const AccountSource& source, const Account& group,
+                                      std::uint64_t cursor);
 
-/// The same of a group of `globalGroups`, known by domain and name. Who has it for his primary group is a member.
-/// Windows: NetGroupGetUsers.
-Answer<AccountPage> globalGroupMembers(const AccountSource& source, const Account& group, std::uint64_t cursor);
+/// The same of a group of `globalGroups`, known by domain and name. Who has it for his primary group is a
+/// member. Windows: NetGroupGetUsers.
+Answer<AccountPage> globalGroupMembers(const AccountSource& source, const Account& group,
+                                       std::uint64_t cursor);
 
 /// Which groups `localGroupsOf` reaches through others.
 enum class Nesting {
@@ -194,6 +208,10 @@ Answer<Account> accountOfName(const std::wstring& fullName);
 /// Every volume: lettered ones by letter, then those mounted in folders only, then the rest.
 /// Windows: FindFirstVolumeW, GetVolumePathNamesForVolumeNameW, GetVolumeInformationW, GetDiskFreeSpaceExW, GetDriveTypeW.
 Answer<std::vector<VolumeFacts>> volumes();
+
+/// Whether this computer is a node of a cluster whose service runs; missing when it is no node. Asks no other node.
+/// Windows: GetNodeClusterState.
+Answer<Done> clusterNode();
 
 /// The cluster of which this computer is a node; missing when it is none. Windows: GetNodeClusterState, ClusterEnum.
 Answer<ClusterFacts> cluster();

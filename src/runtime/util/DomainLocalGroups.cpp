@@ -27,7 +27,8 @@ host::Answer<MembershipTable> readTable(const ListedAccounts& accounts) {
 
 Accounts groupsIn(const MembershipTable& table, std::size_t index) {
     Accounts groups;
-    for (const std::uint32_t group : table.groupsOf(index)) groups.push_back(table.group(group));
+    for (const std::uint32_t group : table.groupsOf(index))
+        groups.push_back(table.group(group));
     return groups;
 }
 
@@ -48,7 +49,8 @@ bool areSame(Accounts left, Accounts right) {
 host::Answer<Accounts> DomainLocalGroups::of(const host::Account& account) {
     m_memberships.follow(QVDomainController::listedUsers());
     const std::size_t index = m_memberships.find(account);
-    if (index != ListedAccounts::none && m_memberships.table()) return groupsIn(*m_memberships.table(), index);
+    if (index != ListedAccounts::none && m_memberships.table())
+        return groupsIn(*m_memberships.table(), index);
 
     host::Answer<Accounts> alone = askAlone(account);
     if (!alone.found() || !m_memberships.isDue(index)) return alone;

@@ -10,9 +10,9 @@
 #include "runtime/util/ListedAccounts.h"
 #include "runtime/util/MembershipTable.h"
 
-/// A table about the accounts of a list, read once the first of them was asked for. It is trusted only if it says what
-/// the system says of that account and of two others: who may ask for the groups of an account need not be shown the
-/// members of a group.
+/// A table about the accounts of a list, read once the first of them was asked for. It is trusted only if it
+/// says what the system says of that account and of two others: who may ask for the groups of an account need
+/// not be shown the members of a group.
 class ListMemberships {
 public:
     /// Makes this be about another list, or about none (null). Nothing happens while it stays the same.
@@ -35,8 +35,8 @@ public:
         return !m_tried && account != ListedAccounts::none && m_accounts->size() > 1;
     }
 
-    /// Takes the table that `read(accounts)` answers, if `agrees(table, index, account)` for each account that is compared.
-    /// Otherwise returns why there is none.
+    /// Takes the table that `read(accounts)` answers, if `agrees(table, index, account)` for each account
+    /// that is compared. Otherwise returns why there is none.
     template <class Read, class Agrees>
     host::Answer<host::Done> tryOnce(std::size_t asked, Read read, Agrees agrees) {
         m_tried = true;
@@ -45,7 +45,8 @@ public:
         for (const std::size_t index : {asked, m_accounts->size() / 2, m_accounts->size() - 1}) {
             const host::Account account = m_accounts->at(index);
             if (agrees(answer.value, index, account)) continue;
-            return host::Answer<host::Done>::failed(0, L"they differ from what the system says of '" + account.name + L"'");
+            return host::Answer<host::Done>::failed(
+                0, L"they differ from what the system says of '" + account.name + L"'");
         }
         m_table = std::move(answer.value);
         return host::Done{};

@@ -23,7 +23,8 @@ std::uint64_t hashOf(const std::wstring& domain, const std::wstring& name) {
     CString text(domain + L"\\" + name);
     text.MakeLower();
     std::uint64_t hash = 0xCBF29CE484222325U;
-    for (const wchar_t unit : text.units()) hash = (hash ^ static_cast<std::uint32_t>(unit)) * 0x100000001B3U;
+    for (const wchar_t unit : text.units())
+        hash = (hash ^ static_cast<std::uint32_t>(unit)) * 0x100000001B3U;
     return hash;
 }
 
@@ -60,7 +61,8 @@ std::uint64_t ListedAccounts::nameEnd(std::size_t index) const {
 host::Account ListedAccounts::at(std::size_t index) const {
     const Entry& entry = m_entries.at(index);
     const Origin& origin = m_origins[entry.origin];
-    host::Account account{origin.domain, m_names.substr(entry.nameAt, nameEnd(index) - entry.nameAt), origin.sid};
+    host::Account account{origin.domain, m_names.substr(entry.nameAt, nameEnd(index) - entry.nameAt),
+                          origin.sid};
     if (origin.hasSid) account.sid.subAuthorities[account.sid.subAuthorityCount++] = entry.rid;
     return account;
 }
@@ -91,11 +93,12 @@ std::size_t ListedAccounts::find(const host::Sid& sid) const {
     std::size_t first = none;
     for (std::uint32_t origin = 0; origin < m_origins.size(); ++origin) {
         if (!m_origins[origin].hasSid || !(m_origins[origin].sid == domain)) continue;
-        const auto found = std::lower_bound(m_bySid.begin(), m_bySid.end(), std::pair(origin, rid),
-                                            [this](std::uint32_t index, const std::pair<std::uint32_t, std::uint32_t>& key) {
-                                                const Entry& entry = m_entries[index];
-                                                return std::pair(entry.origin, entry.rid) < key;
-                                            });
+        const auto found =
+            std::lower_bound(m_bySid.begin(), m_bySid.end(), std::pair(origin, rid),
+                             [this](std::uint32_t index, const std::pair<std::uint32_t, std::uint32_t>& key) {
+                                 const Entry& entry = m_entries[index];
+                                 return std::pair(entry.origin, entry.rid) < key;
+                             });
         if (found == m_bySid.end()) continue;
         const Entry& entry = m_entries[*found];
         if (entry.origin == origin && entry.rid == rid) first = std::min<std::size_t>(first, *found);
@@ -119,6 +122,7 @@ std::size_t ListedAccounts::find(const host::Account& account) const {
     const std::size_t bySid = find(account.sid);
     if (bySid != none) return bySid;
     const std::size_t byName = find(account.domain, account.name);
-    const bool isAnother = byName != none && !account.sid.empty() && m_origins[m_entries[byName].origin].hasSid;
+    const bool isAnother =
+        byName != none && !account.sid.empty() && m_origins[m_entries[byName].origin].hasSid;
     return isAnother ? none : byName;
 }

@@ -20,8 +20,8 @@ public:
     /// The account at `index`, counted from 0 in the order of the list.
     host::Account at(std::size_t index) const;
 
-    /// The index of the first account with this SID, or with this domain and name in capital or small letters; `none`
-    /// where there is none, and for an empty SID or name.
+    /// The index of the first account with this SID, or with this domain and name in capital or small
+    /// letters; `none` where there is none, and for an empty SID or name.
     std::size_t find(const host::Sid& sid) const;
     std::size_t find(const std::wstring& domain, const std::wstring& name) const;
     /// By the account's SID, or by its name where one of the two has no SID.
@@ -47,7 +47,7 @@ private:
     std::vector<Origin> m_origins;
     std::vector<Entry> m_entries;
     std::wstring m_names;
-    mutable std::vector<std::uint32_t> m_bySid;                             ///< entries by origin and last part
+    mutable std::vector<std::uint32_t> m_bySid;  ///< entries by origin and last part
     mutable std::vector<std::pair<std::uint64_t, std::uint32_t>> m_byName;  ///< by a hash of domain and name
     mutable bool m_indexed = true;
 };

@@ -61,13 +61,17 @@ public:
     MembershipTable table() {
         MembershipTable result;
         result.m_wanted = std::move(m_wanted);
-        for (Group& group : m_groups) result.m_reached.push_back(std::move(group.reached));
+        for (Group& group : m_groups)
+            result.m_reached.push_back(std::move(group.reached));
         result.m_begin.assign(m_accounts.size() + 1, 0);
-        for (const auto& [account, group] : m_memberships) ++result.m_begin[account + 1];
-        for (std::size_t i = 1; i < result.m_begin.size(); ++i) result.m_begin[i] += result.m_begin[i - 1];
+        for (const auto& [account, group] : m_memberships)
+            ++result.m_begin[account + 1];
+        for (std::size_t i = 1; i < result.m_begin.size(); ++i)
+            result.m_begin[i] += result.m_begin[i - 1];
         result.m_direct.resize(m_memberships.size());
         std::vector<std::size_t> next(result.m_begin.begin(), result.m_begin.end() - 1);
-        for (const auto& [account, group] : m_memberships) result.m_direct[next[account]++] = group;
+        for (const auto& [account, group] : m_memberships)
+            result.m_direct[next[account]++] = group;
         return result;
     }
 
@@ -136,10 +140,12 @@ private:
         std::vector<Index>& members = m_groups[group].members;
         if (!member.sid.empty()) {
             const auto [first, last] = m_bySid.equal_range(member.sid);
-            for (auto found = first; found != last; ++found) members.push_back(found->second);
+            for (auto found = first; found != last; ++found)
+                members.push_back(found->second);
         } else {
             const auto [first, last] = m_byName.equal_range(nameKey(member));
-            for (auto found = first; found != last; ++found) members.push_back(found->second);
+            for (auto found = first; found != last; ++found)
+                members.push_back(found->second);
         }
     }
 

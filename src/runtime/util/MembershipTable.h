@@ -1,7 +1,7 @@
 #pragma once
 
-/// To which groups the accounts of a list belong, from the members of the groups: what it takes to know grows with the
-/// groups and their members, not with a question for every account.
+/// To which groups the accounts of a list belong, from the members of the groups: what it takes to know grows
+/// with the groups and their members, not with a question for every account.
 
 #include <cstdint>
 #include <functional>
@@ -17,8 +17,8 @@ struct GroupSet {
     std::function<host::Answer<host::AccountPage>(std::uint64_t cursor)> list;
     std::function<host::Answer<host::AccountPage>(const host::Account& group, std::uint64_t cursor)> members;
 
-    /// Whether an answer can hold this group; without it, none of the set. Members of other groups are read only where
-    /// such a group is reached through them.
+    /// Whether an answer can hold this group; without it, none of the set. Members of other groups are read
+    /// only where such a group is reached through them.
     std::function<bool(const host::Account& group)> isWanted;
     /// Whether only the direct members of a wanted group count, as `host::globalGroupsOf` has it.
     bool onlyDirect = false;
@@ -30,9 +30,9 @@ GroupSet globalGroupsAt(const host::AccountSource& source);
 
 class MembershipTable {
 public:
-    /// Reads groups and members. The table is about the accounts of `accounts` and names them by their index; it does not
-    /// keep the list. Without an answer when anything could not be read: a part is never taken for the whole. A group that
-    /// vanishes meanwhile has no members.
+    /// Reads groups and members. The table is about the accounts of `accounts` and names them by their index;
+    /// it does not keep the list. Without an answer when anything could not be read: a part is never taken
+    /// for the whole. A group that vanishes meanwhile has no members.
     static host::Answer<MembershipTable> read(const std::vector<GroupSet>& sets, host::Nesting nesting,
                                               const ListedAccounts& accounts);
 

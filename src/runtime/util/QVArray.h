@@ -45,6 +45,7 @@ private:
 /// Deletes every element that is not null, in index order, and empties the array.
 template <class Element>
 void deleteElements(QVArray<Element*, Element*>& list) {
-    for (int i = 0; i < list.GetSize(); ++i) delete list[i];
+    for (int i = 0; i < list.GetSize(); ++i)
+        delete list[i];
     list.SetSize(0, -1);
 }

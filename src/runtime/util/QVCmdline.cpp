@@ -6,7 +6,8 @@
 
 QVCmdline::QVCmdline(int argc, wchar_t* const* argv) {
     if (operation::answersZero(L"QVCmdline::QVCmdline")) return;
-    for (int i = 1; i < argc; ++i) m_arguments.emplace_back(argv[i]);
+    for (int i = 1; i < argc; ++i)
+        m_arguments.emplace_back(argv[i]);
 }
 
 int QVCmdline::mf_getSize() const {

@@ -25,7 +25,15 @@ Instance& requireInstance() {
     return *instance;
 }
 
-const host::Membership& membership() {
+host::Answer<host::AccountSource> locate(bool again) {
+    const auto name = host::domainController(QVDomainController::membership().domainName, false, again);
+    if (!name.found()) return host::Answer<host::AccountSource>::without(name);
+    return host::AccountSource{name.value};
+}
+
+}  // namespace
+
+const host::Membership& QVDomainController::membership() {
     Instance& current = requireInstance();
     if (!current.membership) {
         const auto answer = host::membership();
@@ -35,14 +43,6 @@ const host::Membership& membership() {
     }
     return *current.membership;
 }
-
-host::Answer<host::AccountSource> locate(bool again) {
-    const auto name = host::domainController(membership().domainName, false, again);
-    if (!name.found()) return host::Answer<host::AccountSource>::without(name);
-    return host::AccountSource{name.value};
-}
-
-}  // namespace
 
 int QVDomainController::mf_isJoined() {
     if (operation::answersZero(L"QVDomainController::mf_isJoined")) return 0;
@@ -83,7 +83,8 @@ void QVDomainController::usersListed(ListedAccounts&& users) {
     requireInstance().listedUsers = std::make_shared<const ListedAccounts>(std::move(users));
 }
 
-host::Answer<std::vector<host::Account>> QVDomainController::domainLocalGroupsOf(const host::Account& account) {
+host::Answer<std::vector<host::Account>> QVDomainController::domainLocalGroupsOf(
+    const host::Account& account) {
     return requireInstance().domainLocalGroups.of(account);
 }
 

@@ -24,22 +24,27 @@ public:
     static void start();
     static void stop() noexcept;
 
+    /// What is known of the domain, for the runtime's own needs: no operation of the program. Throws as `mf_isJoined`.
+    static const host::Membership& membership();
+
     static bool isStarted() noexcept;
 
     /// The accounts of the last list of users that was read to its end while the instance lives; null before.
     static std::shared_ptr<const ListedAccounts> listedUsers();
     static void usersListed(ListedAccounts&& users);
 
-    /// The built-in and domain-local groups to which an account belongs, directly or through other groups. Asked for
-    /// many accounts of the last list, it costs no question for each.
+    /// The built-in and domain-local groups to which an account belongs, directly or through other groups.
+    /// Asked for many accounts of the last list, it costs no question for each.
     static host::Answer<std::vector<host::Account>> domainLocalGroupsOf(const host::Account& account);
 
     /// Where the domain's accounts can be asked for: a controller of the domain, located at first use. `failed` or
-    /// `missing` when there is none. With `rediscover` the controller that was located proved useless and another is
-    /// looked for, at most once while the instance lives: `value` is then false in `canRediscover`.
+    /// `missing` when there is none.
     static host::Answer<host::AccountSource> accountSource();
-    static bool canRediscover();
+
+    /// Looks for another controller at the next use, because the one that was located proved useless. That is done once
+    /// while the instance lives; `canRediscover` tells whether it can still be.
     static void rediscover();
+    static bool canRediscover();
 
     /// Asks the domain: `ask(source)` gives an `Answer`. When it fails (and was not refused), it is asked once more with
     /// another controller.

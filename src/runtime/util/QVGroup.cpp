@@ -8,7 +8,8 @@
 namespace {
 
 host::Answer<host::Done> fill(QVArray<QVGroup*, QVGroup*>& list, const host::AccountSource& source) {
-    return fillAccountList(list, [&source](std::uint64_t cursor) { return host::localGroups(source, cursor); });
+    return fillAccountList(list,
+                           [&source](std::uint64_t cursor) { return host::localGroups(source, cursor); });
 }
 
 }  // namespace
@@ -26,6 +27,7 @@ int QVGroup::mf_getDomainLocalGroupList(QVArray<QVGroup*, QVGroup*>& list) {
     const auto result =
         QVDomainController::ask([&list](const host::AccountSource& source) { return fill(list, source); });
     if (result.found()) return 1;
-    logNaturalCause(L"QVGroup::mf_getDomainLocalGroupList", result, L"the domain-local groups cannot be listed");
+    logNaturalCause(L"QVGroup::mf_getDomainLocalGroupList", result,
+                    L"the domain-local groups cannot be listed");
     return 0;
 }

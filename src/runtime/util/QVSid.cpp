@@ -17,8 +17,10 @@ CString fullNameOf(const host::Account& account) {
 /// The identifier authority: below 2^32 in decimal, else in hexadecimal, as Windows writes it.
 CString authorityText(const host::Sid& sid) {
     unsigned long long value = 0;
-    for (const std::uint8_t byte : sid.authority) value = value << 8 | byte;
-    return value <= std::numeric_limits<std::uint32_t>::max() ? formatted(L"%u", value) : formatted(L"0x%12.12X", value);
+    for (const std::uint8_t byte : sid.authority)
+        value = value << 8 | byte;
+    return value <= std::numeric_limits<std::uint32_t>::max() ? formatted(L"%u", value)
+                                                              : formatted(L"0x%12.12X", value);
 }
 
 /// Reads a decimal number of at most `most`, behind a '-'. Leaves `at` behind it; false when there is none.
@@ -36,7 +38,8 @@ bool readPart(const wchar_t*& at, std::uint64_t most, std::uint64_t& number) {
 
 CString toText(const host::Sid& sid) {
     CString text = formatted(L"S-%u-", static_cast<unsigned int>(sid.revision)) + authorityText(sid);
-    for (unsigned i = 0; i < sid.subAuthorityCount; ++i) text += formatted(L"-%u", sid.subAuthorities[i]);
+    for (unsigned i = 0; i < sid.subAuthorityCount; ++i)
+        text += formatted(L"-%u", sid.subAuthorities[i]);
     return text;
 }
 
@@ -47,7 +50,8 @@ host::Sid sidFromText(const CString& text) {
     if ((*at != L'S' && *at != L's') || !readPart(++at, 255, number)) return {};
     sid.revision = static_cast<std::uint8_t>(number);
     if (!readPart(at, std::numeric_limits<std::uint32_t>::max(), number)) return {};
-    for (std::size_t i = 0; i < 4; ++i) sid.authority[5 - i] = static_cast<std::uint8_t>(number >> 8 * i);
+    for (std::size_t i = 0; i < 4; ++i)
+        sid.authority[5 - i] = static_cast<std::uint8_t>(number >> 8 * i);
     while (*at != L'\0') {
         if (sid.subAuthorityCount == host::Sid::maximumSubAuthorities) return {};
         if (!readPart(at, std::numeric_limits<std::uint32_t>::max(), number)) return {};
@@ -67,13 +71,15 @@ QVSid::QVSid(const host::Account& account) : m_sid(account.sid), m_fullName(full
 
 const SID* QVSid::mf_getSid() const {
     if (operation::answersZero(L"QVSid::mf_getSid", m_fullName)) return nullptr;
-    if (m_sid.empty()) raise(QVErrno::_E_::System, formatted(L"the SID of '%s' is not known", m_fullName), errorNoneMapped);
+    if (m_sid.empty())
+        raise(QVErrno::_E_::System, formatted(L"the SID of '%s' is not known", m_fullName), errorNoneMapped);
     return reinterpret_cast<const SID*>(&m_sid);
 }
 
 const CString QVSid::mf_getSidString() const {
     if (operation::answersZero(L"QVSid::mf_getSidString", m_fullName)) return {};
-    if (m_sid.empty()) raise(QVErrno::_E_::System, formatted(L"the SID of '%s' is not known", m_fullName), errorNoneMapped);
+    if (m_sid.empty())
+        raise(QVErrno::_E_::System, formatted(L"the SID of '%s' is not known", m_fullName), errorNoneMapped);
     return toText(m_sid);
 }
 

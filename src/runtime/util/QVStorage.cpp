@@ -19,12 +19,14 @@ std::optional<Service> service;
 
 void askOnce(Service& current) {
     if (current.asked) return;
-    current.asked = true;
     const auto answer = host::volumes();
-    if (!answer.found()) {
-        return logNaturalCause(L"QVStorage::mf_getVolumes", answer, L"the volumes cannot be listed");
-    }
-    for (const host::VolumeFacts& facts : answer.value) current.volumes.push_back(std::make_unique<QVVolume>(facts));
+    if (!answer.found())
+        logNaturalCause(L"QVStorage::mf_getVolumes", answer, L"the volumes cannot be listed");
+    std::vector<std::unique_ptr<QVVolume>> volumes;
+    for (const host::VolumeFacts& facts : answer.value)
+        volumes.push_back(std::make_unique<QVVolume>(facts));
+    current.volumes = std::move(volumes);
+    current.asked = true;
 }
 
 }  // namespace
@@ -38,7 +40,8 @@ void QVStorage::mf_getVolumes(QVArray<QVVolume*>& volumes) {
     if (operation::answersZero(L"QVStorage::mf_getVolumes")) return;
     if (!service) raise(QVErrno::_E_::Unspecific, L"the storage service was not started");
     askOnce(*service);
-    for (const auto& volume : service->volumes) volumes.Add(volume.get());
+    for (const auto& volume : service->volumes)
+        volumes.Add(volume.get());
 }
 
 void QVStorage::start() {

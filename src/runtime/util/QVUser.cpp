@@ -7,7 +7,8 @@
 
 namespace {
 
-/// Whoever walks the list will ask for its accounts one by one: the domain controller's instance remembers them.
+/// Whoever walks the list will ask for its accounts one by one: the domain controller's instance remembers
+/// them.
 host::Answer<host::Done> fill(QVArray<QVUser*, QVUser*>& list, const host::AccountSource& source) {
     const bool isRemembered = QVDomainController::isStarted();
     ListedAccounts users;

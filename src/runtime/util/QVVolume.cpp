@@ -31,8 +31,10 @@ CString textOf(std::uint64_t bytes) {
 
 /// A fact that is unknown for the reason for which the file system is unknown is left out: once is enough.
 template <class Value>
-void addFact(FactLines& lines, const wchar_t* label, const host::Answer<Value>& answer, const host::VolumeFacts& volume) {
-    const bool sameReason = !answer.found() && !volume.fileSystem.found() && answer.status == volume.fileSystem.status &&
+void addFact(FactLines& lines, const wchar_t* label, const host::Answer<Value>& answer,
+             const host::VolumeFacts& volume) {
+    const bool sameReason = !answer.found() && !volume.fileSystem.found() &&
+                            answer.status == volume.fileSystem.status &&
                             answer.failure.code == volume.fileSystem.failure.code;
     if (answer.found()) {
         lines.add(label, textOf(answer.value));
@@ -52,12 +54,14 @@ const CString QVVolume::mf_toString(const CString& prefix) const {
     if (operation::answersZero(L"QVVolume::mf_toString", name())) return {};
     FactLines lines(prefix, 13);
     if (m_facts.letter) lines.add(L"Drive:", name());
-    for (const std::wstring& folder : m_facts.folders) lines.add(L"Mounted in:", CString(folder));
+    for (const std::wstring& folder : m_facts.folders)
+        lines.add(L"Mounted in:", CString(folder));
     if (!m_facts.letter && m_facts.folders.empty()) lines.add(L"Drive:", L"(none)");
     if (!m_facts.device.empty()) lines.add(L"Volume:", CString(m_facts.device));
     addFact(lines, L"Label:", m_facts.label, m_facts);
     lines.add(L"Type:", typeText(m_facts.type));
-    lines.add(L"File system:", m_facts.fileSystem.found() ? textOf(m_facts.fileSystem.value) : unknownFact(m_facts.fileSystem));
+    lines.add(L"File system:", m_facts.fileSystem.found() ? textOf(m_facts.fileSystem.value)
+                                                          : unknownFact(m_facts.fileSystem));
     addFact(lines, L"Size:", m_facts.sizeBytes, m_facts);
     addFact(lines, L"Free:", m_facts.freeBytes, m_facts);
     return lines.text();

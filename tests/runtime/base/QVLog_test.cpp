@@ -4,7 +4,7 @@
 
 #include <cstdio>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <string>
 
 #include "runtime/base/QVErrno.h"
@@ -16,8 +16,9 @@ constexpr const char* oldLogName = "kvxlogtest.old.log";
 constexpr std::size_t eightMebibytes = 8U * 1024 * 1024;
 
 std::string contents(const char* name) {
-    std::ifstream file(name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    std::ostringstream text;
+    text << std::ifstream(name, std::ios::binary).rdbuf();
+    return text.str();
 }
 
 bool exists(const char* name) {
@@ -33,8 +34,9 @@ protected:
         removeFiles();
     }
 
+    /// Makes a file of one line.
     static void fill(const char* name, std::size_t size) {
-        std::ofstream(name, std::ios::binary) << std::string(size, 'x');
+        std::ofstream(name, std::ios::binary) << std::string(size - 1, 'x') << '\n';
     }
 
     static void removeFiles() {
@@ -66,8 +68,8 @@ TEST_F(QVLogTest, IsAppendedTo) {
     QVLog::start(CString(logName));
     QVLog::mf_writeMessage(QVLogData::LEVEL_E, L"test", L"more");
     QVLog::stop();
-    EXPECT_EQ(contents(logName).substr(0, 10), "xxxxxxxxxx");
-    EXPECT_NE(contents(logName).find("more"), std::string::npos);
+    EXPECT_EQ(contents(logName).substr(0, 10), "xxxxxxxxx\n");
+    EXPECT_EQ(contents(logName).find("more\r\n"), contents(logName).size() - 6);
     EXPECT_FALSE(exists(oldLogName));
 }
 
@@ -97,12 +99,15 @@ TEST_F(QVLogTest, ALogThatCannotBeOpenedIsAnError) {
 TEST_F(QVLogTest, NoInsertCanForgeARecord) {
     QVLog::start(CString(logName));
     QVLog::mf_writeMessage(QVLogData::LEVEL_E, L"test", L"name '%s'",
-                           L"a\r\n2026-01-01 00:00:00.000+00:00 [1] E forged: x\nb\rc\x0B\x1B[2J\x85" L"d\u2028e");
+                           L"a\r\n2026-01-01 00:00:00.000+00:00 [1] E forged: x\nb\rc\x0B\x1B[2J\x85"
+                           L"d\u2028e");
     QVLog::stop();
     const std::string text = contents(logName);
-    EXPECT_NE(text.find("name 'a\r\n    2026-01-01 00:00:00.000+00:00 [1] E forged: x\r\n    b\r\n    c\r\n    \\x1B[2J\r\n    "
-                        "d\r\n    e'\r\n"),
-              std::string::npos)
+    EXPECT_NE(
+        text.find(
+            "name 'a\r\n    2026-01-01 00:00:00.000+00:00 [1] E forged: x\r\n    b\r\n    c\r\n    \\x1B[2J\r\n    "
+            "d\r\n    e'\r\n"),
+        std::string::npos)
         << text;
 }
 
@@ -114,11 +119,13 @@ TEST_F(QVLogTest, TextIsUtf8) {
 }
 
 TEST_F(QVLogTest, LevelsHaveTheirMasks) {
-    const std::uint32_t masks[] = {QVLogData::LEVEL_S.m_mask, QVLogData::LEVEL_E.m_mask, QVLogData::LEVEL_W.m_mask,
-                                   QVLogData::LEVEL_I.m_mask, QVLogData::LEVEL_T.m_mask, QVLogData::LEVEL_D.m_mask,
-                                   QVLogData::LEVEL_L.m_mask, QVLogData::LEVEL_C.m_mask, QVLogData::LEVEL_F.m_mask,
-                                   QVLogData::LEVEL_X.m_mask};
-    for (unsigned i = 0; i < 10; ++i) EXPECT_EQ(masks[i], 1U << i);
+    const std::uint32_t masks[] = {QVLogData::LEVEL_S.m_mask, QVLogData::LEVEL_E.m_mask,
+                                   QVLogData::LEVEL_W.m_mask, QVLogData::LEVEL_I.m_mask,
+                                   QVLogData::LEVEL_T.m_mask, QVLogData::LEVEL_D.m_mask,
+                                   QVLogData::LEVEL_L.m_mask, QVLogData::LEVEL_C.m_mask,
+                                   QVLogData::LEVEL_F.m_mask, QVLogData::LEVEL_X.m_mask};
+    for (unsigned i = 0; i < 10; ++i)
+        EXPECT_EQ(masks[i], 1U << i);
     EXPECT_EQ(CString(QVLog::TAB), L"    ");
 }
 

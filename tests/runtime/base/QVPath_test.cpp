@@ -10,6 +10,10 @@ TEST(QVPath, AppendsAFileByOneBackslash) {
     EXPECT_EQ(QVPath::mf_appendFile(L"C:\\Prog\\", L"\\a.exe"), L"C:\\Prog\\a.exe");
     EXPECT_EQ(QVPath::mf_appendFile(L"C:\\Prog", L""), L"C:\\Prog\\");
     EXPECT_EQ(QVPath::mf_appendFile(L"", L"a.exe"), L"a.exe");
+    EXPECT_EQ(QVPath::mf_appendFile(L"C:\\BA\\\\", L"a.dll"), L"C:\\BA\\a.dll");
+    EXPECT_EQ(QVPath::mf_appendFile(L"C:\\", L"a.dll"), L"C:\\a.dll");
+    EXPECT_EQ(QVPath::mf_appendFile(L"C:/dir/", L"a.dll"), L"C:/dir\\a.dll");
+    EXPECT_EQ(QVPath::mf_appendFile(L"\\\\server\\share", L"a.dll"), L"\\\\server\\share\\a.dll");
 }
 
 TEST(QVPath, AppendedDirectoryEndsWithABackslash) {
@@ -28,7 +32,8 @@ TEST(QVPath, KnowsAbsoluteNames) {
 }
 
 TEST(QVPath, ResolvesDots) {
-    EXPECT_EQ(QVPath::mf_getAbsolutePath(L"C:\\Prog\\HSM\\..\\PELINV\\.\\x.sys2"), L"C:\\Prog\\PELINV\\x.sys2");
+    EXPECT_EQ(QVPath::mf_getAbsolutePath(L"C:\\Prog\\HSM\\..\\PELINV\\.\\x.sys2"),
+              L"C:\\Prog\\PELINV\\x.sys2");
     EXPECT_EQ(QVPath::mf_getAbsolutePath(L"C:\\..\\..\\x"), L"C:\\x");
 }
 

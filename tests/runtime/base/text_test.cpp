@@ -31,8 +31,8 @@ TEST(DottedVersion, ReadsUpToFourNumbers) {
 }
 
 TEST(DottedVersion, RefusesEverythingElse) {
-    for (const wchar_t* text : {L"", L" ", L".", L"6.", L".1", L"6..1", L"6.1.5.2.", L"6.1.5.2.1", L"6.x", L"-1", L"6.1a",
-                                L"4294967296", L"99999999999999999999999"}) {
+    for (const wchar_t* text : {L"", L" ", L".", L"6.", L".1", L"6..1", L"6.1.5.2.", L"6.1.5.2.1", L"6.x",
+                                L"-1", L"6.1a", L"4294967296", L"99999999999999999999999"}) {
         EXPECT_FALSE(parseDottedVersion(text)) << CString(text).GetLength();
     }
 }
@@ -66,6 +66,15 @@ TEST(FactLines, AlignsFactsAndEndsWithoutLineBreak) {
     lines.add(L"One:", L"1");
     lines.add(L"A long label:", L"2");
     EXPECT_EQ(lines.text(), L"  One:    1\r\n  A long label:2");
+}
+
+TEST(FactLines, AFactStaysInItsLine) {
+    FactLines lines(L"", 6);
+    lines.add(L"Label:",
+              L"a\r\nb\x1B[2J\x7F"
+              L"\u0085"
+              L"c");
+    EXPECT_EQ(lines.text(), L"Label:a  b [2J  c");
 }
 
 }  // namespace

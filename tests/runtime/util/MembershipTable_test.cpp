@@ -24,7 +24,8 @@ host::Sid sidOf(std::uint32_t rid) {
 class Domain {
 public:
     Domain() {
-        for (const wchar_t* name : {L"ada", L"ben", L"cleo"}) addUser(name);
+        for (const wchar_t* name : {L"ada", L"ben", L"cleo"})
+            addUser(name);
     }
 
     void addUser(const std::wstring& name) {
@@ -33,7 +34,8 @@ public:
 
     /// Groups have their numbers for last parts of their SIDs.
     void add(GroupSet::Kind kind, std::uint32_t rid, std::vector<Account> members) {
-        (kind == GroupSet::Kind::local ? locals : globals).push_back({L"CORP", std::to_wstring(rid), sidOf(rid)});
+        (kind == GroupSet::Kind::local ? locals : globals)
+            .push_back({L"CORP", std::to_wstring(rid), sidOf(rid)});
         membersOf[rid] = std::move(members);
     }
 
@@ -54,12 +56,14 @@ public:
     }
 
     Answer<MembershipTable> read(Nesting nesting) {
-        return MembershipTable::read({set(GroupSet::Kind::local), set(GroupSet::Kind::global, false)}, nesting, users);
+        return MembershipTable::read({set(GroupSet::Kind::local), set(GroupSet::Kind::global, false)},
+                                     nesting, users);
     }
 
     static Names names(const MembershipTable& table, std::size_t user) {
         Names result;
-        for (const std::uint32_t group : table.groupsOf(user)) result.push_back(table.group(group).name);
+        for (const std::uint32_t group : table.groupsOf(user))
+            result.push_back(table.group(group).name);
         return result;
     }
 
@@ -74,7 +78,8 @@ private:
         constexpr std::size_t most = 2;
         AccountPage result;
         const std::size_t end = std::min(items.size(), static_cast<std::size_t>(cursor) + most);
-        for (auto i = static_cast<std::size_t>(cursor); i < end; ++i) result.items.push_back(items[i]);
+        for (auto i = static_cast<std::size_t>(cursor); i < end; ++i)
+            result.items.push_back(items[i]);
         result.next = end;
         result.more = end < items.size();
         return result;
@@ -158,7 +163,9 @@ TEST(MembershipTable, ReadsEachGroupOnceAndOnlyWhatMatters) {
 
 TEST(MembershipTable, WhoIsNotInTheListOrNotThereIsPassedOver) {
     Domain domain;
-    domain.add(local, 5, {bySid(4711), {L"OTHER", L"ada", {}}, {L"", L"", sidFromText(L"S-1-5-21-9-9-9-1000")}, bySid(ada)});
+    domain.add(
+        local, 5,
+        {bySid(4711), {L"OTHER", L"ada", {}}, {L"", L"", sidFromText(L"S-1-5-21-9-9-9-1000")}, bySid(ada)});
     const auto table = domain.read(Nesting::throughAllGroups);
     EXPECT_EQ(Domain::names(table.value, 0), (Names{L"5"}));
     EXPECT_EQ(Domain::names(table.value, 1), Names{});
@@ -178,7 +185,8 @@ TEST(MembershipTable, OnlyDirectMembersOfAGlobalGroupAreItsOwn) {
 TEST(MembershipTable, WithoutWantedGroupsNoMembersAreRead) {
     Domain domain;
     domain.add(local, 5, {bySid(ada)});
-    const auto table = MembershipTable::read({domain.set(local, false)}, Nesting::throughAllGroups, domain.users);
+    const auto table =
+        MembershipTable::read({domain.set(local, false)}, Nesting::throughAllGroups, domain.users);
     ASSERT_TRUE(table.found());
     EXPECT_TRUE(table.value.groupsOf(0).empty());
     EXPECT_TRUE(domain.asked.empty());
@@ -227,7 +235,8 @@ TEST(MembershipTable, AListThatCannotBeReadLeavesNoTable) {
     Domain domain;
     GroupSet set = domain.set(local);
     set.list = [](std::uint64_t) { return Answer<AccountPage>::refused(5); };
-    EXPECT_EQ(MembershipTable::read({set}, Nesting::throughAllGroups, domain.users).status, host::Status::refused);
+    EXPECT_EQ(MembershipTable::read({set}, Nesting::throughAllGroups, domain.users).status,
+              host::Status::refused);
 }
 
 }  // namespace

@@ -48,7 +48,8 @@ TEST(QVArray, SetSizeCutsAndFills) {
 TEST(QVArray, ElementsAreDeletedInIndexOrder) {
     std::vector<int> order;
     QVArray<Noted*, Noted*> array;
-    for (int i = 0; i < 3; ++i) array.Add(new Noted(i, order));
+    for (int i = 0; i < 3; ++i)
+        array.Add(new Noted(i, order));
     array.Add(nullptr);
     deleteElements(array);
     EXPECT_EQ(order, (std::vector<int>{0, 1, 2}));

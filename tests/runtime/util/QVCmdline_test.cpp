@@ -6,7 +6,8 @@ namespace {
 
 QVCmdline over(std::vector<std::wstring> words) {
     std::vector<wchar_t*> argv;
-    for (std::wstring& word : words) argv.push_back(word.data());
+    for (std::wstring& word : words)
+        argv.push_back(word.data());
     argv.push_back(nullptr);
     return {static_cast<int>(words.size()), argv.data()};
 }

@@ -17,8 +17,9 @@ TEST(QVSid, TextAndSidAreOneAnother) {
 }
 
 TEST(QVSid, WhatIsNoSidTextIsNoSid) {
-    for (const wchar_t* text : {L"", L"S", L"S-", L"S-1", L"S-1-5", L"S-1-5-", L"S-1-5-x", L"S-256-5-1", L"S-1-5-4294967296",
-                                L"S-1-5-1x", L"alice", L"S-1-5-1-2-3-4-5-6-7-8-9-10-11-12-13-14-15-16"}) {
+    for (const wchar_t* text :
+         {L"", L"S", L"S-", L"S-1", L"S-1-5", L"S-1-5-", L"S-1-5-x", L"S-256-5-1", L"S-1-5-4294967296",
+          L"S-1-5-1x", L"alice", L"S-1-5-1-2-3-4-5-6-7-8-9-10-11-12-13-14-15-16"}) {
         EXPECT_TRUE(sidFromText(text).empty()) << CString(text).GetLength();
     }
 }

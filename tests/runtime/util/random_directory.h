@@ -10,11 +10,16 @@ class RandomDirectory {
 public:
     /// A domain controller has no groups and users but the domain's.
     RandomDirectory(unsigned int seed, bool isController) : m_random(seed), m_isController(isController) {
-        for (int i = 0; i < below(9) + 2; ++i) m_users.push_back("u" + std::to_string(i));
-        for (int i = 0; !isController && i < below(4); ++i) m_localUsers.push_back("l" + std::to_string(i));
-        for (int i = 0; i < below(6); ++i) m_global.push_back("CORP\\G" + std::to_string(i));
-        for (int i = 0; i < below(6); ++i) m_domainLocal.push_back("CORP\\D" + std::to_string(i));
-        for (int i = 0; !isController && i < below(5); ++i) m_local.push_back("WS01\\L" + std::to_string(i));
+        for (int i = 0; i < below(9) + 2; ++i)
+            m_users.push_back("u" + std::to_string(i));
+        for (int i = 0; !isController && i < below(4); ++i)
+            m_localUsers.push_back("l" + std::to_string(i));
+        for (int i = 0; i < below(6); ++i)
+            m_global.push_back("CORP\\G" + std::to_string(i));
+        for (int i = 0; i < below(6); ++i)
+            m_domainLocal.push_back("CORP\\D" + std::to_string(i));
+        for (int i = 0; !isController && i < below(5); ++i)
+            m_local.push_back("WS01\\L" + std::to_string(i));
     }
 
     /// The description of the machine.
@@ -24,9 +29,11 @@ public:
             std::to_string(below(5) + 1) + "\nmember page size = " + std::to_string(below(4) + 1) + "\n";
         if (m_isController) machine += "role = controller\n";
         machine += "[users]\n";
-        for (const std::string& name : m_localUsers) machine += name + "\n";
+        for (const std::string& name : m_localUsers)
+            machine += name + "\n";
         machine += "[domain users]\n";
-        for (const std::string& name : m_users) machine += name + userSid() + "\n";
+        for (const std::string& name : m_users)
+            machine += name + userSid() + "\n";
         if (oneIn(3)) machine += "generate users = " + std::to_string(below(12)) + " g%02d\n";
         if (!m_isController) machine += "[groups]\nUsers (BUILTIN) = " + members() + "\n" + groups(m_local);
         machine += "[domain groups]\n" + groups(m_domainLocal) + "Users (BUILTIN) = " + members() + "\n";
@@ -55,19 +62,23 @@ private:
 
     std::string groups(const std::vector<std::string>& names) {
         std::string lines;
-        for (const std::string& name : names) lines += name.substr(name.find('\\') + 1) + " = " + members() + "\n";
+        for (const std::string& name : names)
+            lines += name.substr(name.find('\\') + 1) + " = " + members() + "\n";
         return lines;
     }
 
     std::string members() {
         std::string list;
-        for (int i = below(6); i > 0; --i) list += (list.empty() ? "" : ", ") + member();
+        for (int i = below(6); i > 0; --i)
+            list += (list.empty() ? "" : ", ") + member();
         return list;
     }
 
     std::string member() {
         const auto anyOf = [this](const std::vector<std::string>& names, const std::string& before) {
-            return names.empty() ? std::string("Everyone") : before + names[static_cast<std::size_t>(below(static_cast<int>(names.size())))];
+            return names.empty()
+                       ? std::string("Everyone")
+                       : before + names[static_cast<std::size_t>(below(static_cast<int>(names.size())))];
         };
         switch (below(12)) {
             case 0: return "*";

@@ -1,60 +1,13 @@
 /// The Windows host over made-up system libraries (netapi32.cpp, clusapi.cpp), which must stand in the
 /// system's folder: what no test machine has at hand, domains, long lists, refusals and clusters.
 
-#include <gtest/gtest.h>
-
-#include <bit>
-#include <vector>
-
-#include "runtime/host/host.h"
-#include "runtime/host/os.h"
-#include "runtime/host/paging.h"
+#include "made_up.h"
 
 namespace {
 
 using host::Account;
 using host::Answer;
 using host::Status;
-
-const host::AccountSource controller{L"DC01"};
-
-class MadeUp : public testing::Test {
-protected:
-    void SetUp() override {
-        ASSERT_NE(counter(L"netapi32.dll", "KvxOutstanding"), nullptr)
-            << "the made-up libraries are not in place";
-        ASSERT_NE(counter(L"clusapi.dll", "KvxOpenHandles"), nullptr);
-    }
-    void TearDown() override {
-        for (const std::wstring& name : m_set)
-            SetEnvironmentVariableW(name.c_str(), nullptr);
-        EXPECT_EQ(counter(L"netapi32.dll", "KvxOutstanding")(), 0) << "memory was not given back";
-        EXPECT_EQ(counter(L"clusapi.dll", "KvxOpenHandles")(), 0) << "handles were not given back";
-    }
-
-    void set(const std::wstring& name, const std::wstring& value) {
-        SetEnvironmentVariableW(name.c_str(), value.c_str());
-        m_set.push_back(name);
-    }
-
-    static std::vector<Account> list(Answer<host::AccountPage> (*fetch)(const host::AccountSource&,
-                                                                        std::uint64_t),
-                                     Answer<host::Done>& ended) {
-        std::vector<Account> found;
-        ended = host::readPages<Account>([&](std::uint64_t cursor) { return fetch(controller, cursor); },
-                                         [&](Account account) { found.push_back(std::move(account)); });
-        return found;
-    }
-
-private:
-    using Counter = long (*)();
-    static Counter counter(const wchar_t* library, const char* name) {
-        const HMODULE module = LoadLibraryExW(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-        return std::bit_cast<Counter>(module != nullptr ? GetProcAddress(module, name) : nullptr);
-    }
-
-    std::vector<std::wstring> m_set;
-};
 
 TEST_F(MadeUp, ManyUsersComeInPagesWithoutTheMachines) {
     set(L"KVX_USERS", L"25000");

@@ -5,12 +5,18 @@
 ///   KVX_STUCK=1           lists say "more data" for ever, without anything new
 ///   KVX_GROUPS=A;B        the local groups; one for each call
 ///   KVX_MEMBER_OF=A;B     the groups of every user
+///   KVX_GLOBAL_GROUPS=A;B the domain's global groups
+///   KVX_MEMBERS_A=X;Y     the members of group A: users by name, "*" for all of them, "@G" for global group
+///                         G, "?" for a SID that belongs to nobody; users are in the local groups that it tells
+///   KVX_MEMBER_PAGE=N     at most N members for each call (all)
+///   KVX_MEMBERS_ERROR=N   members cannot be listed
 ///   KVX_NETAPI_ERROR=N    every question fails with code N
 ///   KVX_INDIRECT_ERROR=N  memberships through other groups fail with code N
 ///   KVX_ROLE=N            the machine's role; "none": the question fails with 1722
 ///   KVX_CONTROLLER=NAME   the answer to the search for a controller; without it, error 1355
 ///
-/// Memory is counted: KvxOutstanding() tells how many buffers were not given back.
+/// Memory is counted: KvxOutstanding() tells how many buffers were not given back. So are calls: KvxCalls()
+/// tells how many would have gone to another computer.
 
 #include "runtime/host/os.h"
 
@@ -18,6 +24,7 @@
 #include <dsrole.h>
 #include <lm.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -28,6 +35,7 @@
 namespace {
 
 long outstanding = 0;
+long calls = 0;
 
 std::wstring setting(const wchar_t* name) {
     wchar_t text[1024] = L"";
@@ -86,12 +94,95 @@ BYTE* namesOnly(const std::vector<std::wstring>& names) {
     });
 }
 
+void count(const wchar_t* server, const wchar_t* user = L"") {
+    if (server != nullptr || std::wcschr(user, L'\\') != nullptr) ++calls;
+}
+
+// The domain's SID is S-1-5-21-11-22-33; users have RIDs from 1000, global groups from 900000.
+constexpr DWORD firstGlobalGroup = 900000;
+
+void putSid(void* room, DWORD rid) {
+    SID_IDENTIFIER_AUTHORITY authority = {SECURITY_NT_AUTHORITY};
+    InitializeSid(room, &authority, 5);
+    const DWORD parts[] = {21, 11, 22, 33, rid};
+    for (DWORD i = 0; i < 5; ++i)
+        *GetSidSubAuthority(room, i) = parts[i];
+}
+
+/// "user00012", a machine account being behind every tenth.
+std::wstring userName(DWORD number) {
+    wchar_t name[32] = L"";
+    std::swprintf(name, 32, L"user%05lu", number);
+    return name;
+}
+
+DWORD ridOfUser(const std::wstring& name) {
+    const auto index = static_cast<DWORD>(std::wcstoul(name.c_str() + 4, nullptr, 10));
+    return 1000 + index + index / 10;
+}
+
+DWORD ridOfGroup(const std::wstring& name) {
+    const std::vector<std::wstring> groups = list(L"KVX_GLOBAL_GROUPS");
+    return firstGlobalGroup +
+           static_cast<DWORD>(std::find(groups.begin(), groups.end(), name) - groups.begin());
+}
+
+bool isOneOf(const std::vector<std::wstring>& names, const std::wstring& name) {
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+std::vector<std::wstring> membersOf(const std::wstring& group) {
+    std::vector<std::wstring> members;
+    for (const std::wstring& member : list((L"KVX_MEMBERS_" + group).c_str())) {
+        const DWORD users = member == L"*" ? number(L"KVX_USERS", 0) : 0;
+        for (DWORD i = 0; i < users; ++i)
+            members.push_back(userName(i));
+        if (member != L"*") members.push_back(member);
+    }
+    return members;
+}
+
+bool holds(const std::wstring& group, const std::wstring& user, bool throughOthers) {
+    for (const std::wstring& member : list((L"KVX_MEMBERS_" + group).c_str())) {
+        if (member == user || member == L"*") return true;
+        if (throughOthers && member[0] == L'@' && holds(member.substr(1), user, false)) return true;
+    }
+    return false;
+}
+
+/// The part of `items` that a call gives, and where the next one begins.
+std::vector<std::wstring> page(const std::vector<std::wstring>& items, PDWORD_PTR resume) {
+    const std::size_t first = std::min<std::size_t>(*resume, items.size());
+    const std::size_t size = number(L"KVX_MEMBER_PAGE", MAXDWORD);
+    const std::size_t end = first + std::min(size, items.size() - first);
+    *resume = end;
+    const auto begin = items.begin();
+    return {begin + static_cast<std::ptrdiff_t>(first), begin + static_cast<std::ptrdiff_t>(end)};
+}
+
+NET_API_STATUS pageOfGroups(DWORD index, DWORD wanted, LPDWORD count, BYTE** buffer) {
+    const std::vector<std::wstring> groups = list(L"KVX_GLOBAL_GROUPS");
+    const auto total = static_cast<DWORD>(groups.size());
+    *count = index < total ? std::min({wanted, number(L"KVX_PAGE", 100), total - index}) : 0;
+    *buffer = records<NET_DISPLAY_GROUP>(*count, [&](NET_DISPLAY_GROUP& group, wchar_t* room, std::size_t i) {
+        const DWORD at = index + static_cast<DWORD>(i);
+        group.grpi3_name = copy(room, groups[at]);
+        group.grpi3_group_id = firstGlobalGroup + at;
+        group.grpi3_next_index = at + 1;
+    });
+    return index + *count < total ? static_cast<DWORD>(ERROR_MORE_DATA) : 0;
+}
+
 }  // namespace
 
 extern "C" {
 
 __declspec(dllexport) long KvxOutstanding() {
     return outstanding;
+}
+
+__declspec(dllexport) long KvxCalls() {
+    return calls;
 }
 
 __declspec(dllexport) NET_API_STATUS WINAPI KvxBufferFree(LPVOID buffer) {
@@ -105,8 +196,10 @@ __declspec(dllexport) void WINAPI KvxRoleFree(PVOID buffer) {
 }
 
 __declspec(dllexport) NET_API_STATUS WINAPI
-    KvxDisplay(LPCWSTR, DWORD, DWORD index, DWORD wanted, DWORD, LPDWORD count, BYTE** buffer) {
+    KvxDisplay(LPCWSTR server, DWORD level, DWORD index, DWORD wanted, DWORD, LPDWORD count, BYTE** buffer) {
+    ::count(server);
     if (const DWORD error = number(L"KVX_NETAPI_ERROR", 0); error != 0) return error;
+    if (level == 3) return pageOfGroups(index, wanted, count, buffer);
     const DWORD users = number(L"KVX_USERS", 0);
     const DWORD total = users + users / 10;
     const DWORD page = std::min(wanted, number(L"KVX_PAGE", 100));
@@ -114,9 +207,9 @@ __declspec(dllexport) NET_API_STATUS WINAPI
     *count = index < total ? std::min(page, total - index) : 0;
     *buffer = records<NET_DISPLAY_USER>(*count, [&](NET_DISPLAY_USER& user, wchar_t* room, std::size_t i) {
         const DWORD at = index + static_cast<DWORD>(i);
-        wchar_t name[32] = L"";
-        std::swprintf(name, 32, isMachine(at) ? L"PC%05lu$" : L"user%05lu", at - (at + 1) / 11);
-        user.usri1_name = copy(room, name);
+        const DWORD number = at - (at + 1) / 11;
+        user.usri1_name =
+            copy(room, isMachine(at) ? L"PC" + std::to_wstring(number) + L"$" : userName(number));
         user.usri1_flags = isMachine(at) ? UF_WORKSTATION_TRUST_ACCOUNT : UF_NORMAL_ACCOUNT;
         user.usri1_user_id = 1000 + at;
         user.usri1_next_index = stuck ? index : at + 1;
@@ -124,7 +217,8 @@ __declspec(dllexport) NET_API_STATUS WINAPI
     return stuck || index + *count < total ? static_cast<DWORD>(ERROR_MORE_DATA) : 0;
 }
 
-__declspec(dllexport) NET_API_STATUS WINAPI KvxModals(LPCWSTR, DWORD, LPBYTE* buffer) {
+__declspec(dllexport) NET_API_STATUS WINAPI KvxModals(LPCWSTR server, DWORD, LPBYTE* buffer) {
+    count(server);
     if (const DWORD error = number(L"KVX_NETAPI_ERROR", 0); error != 0) return error;
     struct Domain {
         USER_MODALS_INFO_2 info;
@@ -142,8 +236,9 @@ __declspec(dllexport) NET_API_STATUS WINAPI KvxModals(LPCWSTR, DWORD, LPBYTE* bu
     return 0;
 }
 
-__declspec(dllexport) NET_API_STATUS WINAPI
-    KvxLocalGroups(LPCWSTR, DWORD, LPBYTE* buffer, DWORD, LPDWORD count, LPDWORD total, PDWORD_PTR resume) {
+__declspec(dllexport) NET_API_STATUS WINAPI KvxLocalGroups(LPCWSTR server, DWORD, LPBYTE* buffer, DWORD,
+                                                           LPDWORD count, LPDWORD total, PDWORD_PTR resume) {
+    ::count(server);
     if (const DWORD error = number(L"KVX_NETAPI_ERROR", 0); error != 0) return error;
     const std::vector<std::wstring> groups = list(L"KVX_GROUPS");
     const std::size_t at = *resume;
@@ -157,13 +252,18 @@ __declspec(dllexport) NET_API_STATUS WINAPI
 }
 
 __declspec(dllexport) NET_API_STATUS WINAPI
-    KvxLocalGroupsOf(LPCWSTR, LPCWSTR user, DWORD, DWORD flags, LPBYTE* buffer, DWORD, LPDWORD count,
+    KvxLocalGroupsOf(LPCWSTR server, LPCWSTR user, DWORD, DWORD flags, LPBYTE* buffer, DWORD, LPDWORD count,
                      LPDWORD total) {
+    ::count(server, user);
     if (const DWORD error = number(L"KVX_NETAPI_ERROR", 0); error != 0) return error;
     if (const DWORD error = number(L"KVX_INDIRECT_ERROR", 0); error != 0 && flags != 0) return error;
     if (std::wcsstr(user, L"nobody") != nullptr) return NERR_UserNotFound;
     std::vector<std::wstring> groups = list(L"KVX_MEMBER_OF");
     if (std::wcschr(user, L'\\') != nullptr) groups.emplace_back(user);
+    for (const std::wstring& group : list(L"KVX_GROUPS")) {
+        const wchar_t* separator = std::wcschr(user, L'\\');
+        if (holds(group, separator != nullptr ? separator + 1 : user, flags != 0)) groups.push_back(group);
+    }
     *buffer = namesOnly(groups);
     *count = *total = static_cast<DWORD>(groups.size());
     return 0;
@@ -173,6 +273,43 @@ __declspec(dllexport) NET_API_STATUS WINAPI
     KvxGroupsOf(LPCWSTR server, LPCWSTR user, DWORD, LPBYTE* buffer, DWORD, LPDWORD count, LPDWORD total) {
     DWORD unused = 0;
     return KvxLocalGroupsOf(server, user, 0, 0, buffer, unused, count, total);
+}
+
+__declspec(dllexport) NET_API_STATUS WINAPI
+    KvxLocalMembers(LPCWSTR server, LPCWSTR group, DWORD level, LPBYTE* buffer, DWORD, LPDWORD count,
+                    LPDWORD total, PDWORD_PTR resume) {
+    ::count(server);
+    if (const DWORD error = number(L"KVX_MEMBERS_ERROR", 0); error != 0) return error;
+    if (level != 0) return ERROR_INVALID_LEVEL;
+    if (!isOneOf(list(L"KVX_GROUPS"), group)) return ERROR_NO_SUCH_ALIAS;
+    const std::vector<std::wstring> all = membersOf(group);
+    const std::vector<std::wstring> part = page(all, resume);
+    *buffer = records<LOCALGROUP_MEMBERS_INFO_0>(
+        part.size(), [&](LOCALGROUP_MEMBERS_INFO_0& member, wchar_t* room, std::size_t i) {
+            const bool isGroup = part[i][0] == L'@';
+            putSid(room, part[i] == L"?" ? 4000000
+                         : isGroup       ? ridOfGroup(part[i].substr(1))
+                                         : ridOfUser(part[i]));
+            member.lgrmi0_sid = room;
+        });
+    *count = static_cast<DWORD>(part.size());
+    *total = static_cast<DWORD>(all.size());
+    return *resume < all.size() ? static_cast<DWORD>(ERROR_MORE_DATA) : 0;
+}
+
+__declspec(dllexport) NET_API_STATUS WINAPI
+    KvxGlobalMembers(LPCWSTR server, LPCWSTR group, DWORD level, LPBYTE* buffer, DWORD, LPDWORD count,
+                     LPDWORD total, PDWORD_PTR resume) {
+    ::count(server);
+    if (const DWORD error = number(L"KVX_MEMBERS_ERROR", 0); error != 0) return error;
+    if (level != 0) return ERROR_INVALID_LEVEL;
+    if (!isOneOf(list(L"KVX_GLOBAL_GROUPS"), group)) return NERR_GroupNotFound;
+    const std::vector<std::wstring> all = membersOf(group);
+    const std::vector<std::wstring> part = page(all, resume);
+    *buffer = namesOnly(part);
+    *count = static_cast<DWORD>(part.size());
+    *total = static_cast<DWORD>(all.size());
+    return *resume < all.size() ? static_cast<DWORD>(ERROR_MORE_DATA) : 0;
 }
 
 __declspec(dllexport) NET_API_STATUS WINAPI KvxJoin(LPCWSTR, LPWSTR* name, PNETSETUP_JOIN_STATUS status) {
@@ -202,6 +339,7 @@ __declspec(dllexport) DWORD WINAPI KvxRole(LPCWSTR, DSROLE_PRIMARY_DOMAIN_INFO_L
 
 __declspec(dllexport) DWORD WINAPI
     KvxDcName(LPCWSTR, LPCWSTR domain, GUID*, LPCWSTR, ULONG flags, PDOMAIN_CONTROLLER_INFOW* info) {
+    ++calls;
     const std::wstring controller = setting(L"KVX_CONTROLLER");
     if (controller.empty()) return ERROR_NO_SUCH_DOMAIN;
     const ULONG kind = std::wcschr(domain, L'.') != nullptr ? DS_IS_DNS_NAME : DS_IS_FLAT_NAME;

@@ -101,7 +101,8 @@ Answer<std::vector<Account>> groupsOf(GroupKind kind, const Account& user, bool 
     return groups ? Result(std::move(*groups)) : Result::failed(noSuchUser);
 }
 
-/// Why the members of the groups cannot be asked for, if so: they would tell what is not to be told of an account.
+/// Why the members of the groups cannot be asked for, if so: they would tell what is not to be told of an
+/// account.
 described::Cause causeOfMembers(GroupKind kind) {
     const auto& causes = groupList(kind).accountCauses;
     return causes.empty() ? described::Cause{} : causes.begin()->second;
@@ -188,7 +189,8 @@ Answer<AccountPage> globalGroups(const AccountSource& source, std::uint64_t curs
     return groupPage(GroupKind::global, cursor);
 }
 
-Answer<AccountPage> localGroupMembers(const AccountSource& source, const Account& group, std::uint64_t cursor) {
+Answer<AccountPage> localGroupMembers(const AccountSource& source, const Account& group,
+                                      std::uint64_t cursor) {
     const Answer<Scope> scope = scopeOf(source);
     if (!scope.found()) return Answer<AccountPage>::without(scope);
     Answer<AccountPage> page = membersOf(localKind(scope.value), group, cursor);
@@ -198,7 +200,8 @@ Answer<AccountPage> localGroupMembers(const AccountSource& source, const Account
     return page;
 }
 
-Answer<AccountPage> globalGroupMembers(const AccountSource& source, const Account& group, std::uint64_t cursor) {
+Answer<AccountPage> globalGroupMembers(const AccountSource& source, const Account& group,
+                                       std::uint64_t cursor) {
     const Answer<Scope> scope = scopeOf(source);
     if (!scope.found()) return Answer<AccountPage>::without(scope);
     if (scope.value == Scope::computer) return Answer<AccountPage>::missing();

@@ -10,4 +10,9 @@ Answer<ClusterFacts> cluster() {
                                   : description->facts;
 }
 
+Answer<Done> clusterNode() {
+    const Answer<ClusterFacts> answer = cluster();
+    return answer.found() ? Answer<Done>(Done{}) : Answer<Done>::without(answer);
+}
+
 }  // namespace host

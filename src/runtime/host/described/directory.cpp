@@ -227,8 +227,8 @@ std::optional<std::wstring> Directory::unqualifiedKey(std::wstring_view name, Gr
 
 // --- Members --------------------------------------------------------------------------------------------------------
 
-/// What a member's key stands for: an account of the description, an orphaned SID, or an account from elsewhere, known by
-/// its name.
+/// What a member's key stands for: an account of the description, an orphaned SID, or an account from
+/// elsewhere, known by its name.
 host::Account Directory::memberOfKey(const std::wstring& key) const {
     if (const auto account = accountOfKey(key)) return *account;
     if (const auto sid = sidOf(key)) return {{}, {}, *sid};

@@ -40,10 +40,12 @@ public:
     std::optional<std::vector<host::Account>> groupsOf(const host::Account& account, GroupKind kind,
                                                        bool indirect) const;
 
-    /// The direct members of a group of `kind`, of which `group` is one by name, one for each place in `first` to `end`, as
-    /// far as there are so many. Their number goes to `count`. Nothing when there is no such group.
-    std::optional<std::vector<host::Account>> members(GroupKind kind, const host::Account& group, std::uint64_t first,
-                                                      std::uint64_t end, std::uint64_t& count) const;
+    /// The direct members of a group of `kind`, of which `group` is one by name, one for each place in
+    /// `first` to `end`, as far as there are so many. Their number goes to `count`. Nothing when there is no
+    /// such group.
+    std::optional<std::vector<host::Account>> members(GroupKind kind, const host::Account& group,
+                                                      std::uint64_t first, std::uint64_t end,
+                                                      std::uint64_t& count) const;
 
     std::optional<host::Account> accountOfSid(const host::Sid& sid) const;
     /// By "DOMAIN\name", or by a name alone: this computer's accounts come first then.

@@ -34,6 +34,18 @@ void rotate(const std::string& name, std::uint64_t rotateAbove, const std::strin
         std::rename(name.c_str(), rotatedName.c_str());
 }
 
+/// Whether the last line has no end. Of what is no file, or may not be read, that is not known.
+bool endsWithinALine(const std::string& name) {
+    struct stat status {};
+    if (stat(name.c_str(), &status) != 0 || !S_ISREG(status.st_mode) || status.st_size == 0) return false;
+    const int descriptor = open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (descriptor < 0) return false;
+    char last = '\n';
+    const bool known = pread(descriptor, &last, 1, status.st_size - 1) == 1;
+    close(descriptor);
+    return known && last != '\n';
+}
+
 }  // namespace
 
 Answer<std::unique_ptr<AppendedFile>> openForAppending(const std::wstring& name, std::uint64_t rotateAbove,
@@ -43,11 +55,14 @@ Answer<std::unique_ptr<AppendedFile>> openForAppending(const std::wstring& name,
         return described::answerOf<std::unique_ptr<AppendedFile>>(described::nativeCause(EACCES));
     const std::string nativeName = described::nativeName(name);
     rotate(nativeName, rotateAbove, described::nativeName(rotatedName));
+    const bool unfinished = endsWithinALine(nativeName);
     const int flags = O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK;
     const int descriptor = open(nativeName.c_str(), flags, 0666);
     if (descriptor < 0)
         return described::answerOf<std::unique_ptr<AppendedFile>>(described::nativeCause(errno));
-    return Result(std::make_unique<NativeFile>(descriptor));
+    auto file = std::make_unique<NativeFile>(descriptor);
+    if (unfinished) file->append("\r\n");
+    return Result(std::move(file));
 }
 
 }  // namespace host

@@ -48,8 +48,9 @@ BOOL DeleteFileW(const wchar_t* path);
 /// `*size`: in, room of `buffer` in characters; out, characters used with the terminator, or needed.
 BOOL GetUserNameW(wchar_t* buffer, DWORD* size);
 
-BOOL AllocateAndInitializeSid(SID_IDENTIFIER_AUTHORITY* authority, BYTE count, DWORD sub0, DWORD sub1, DWORD sub2,
-                              DWORD sub3, DWORD sub4, DWORD sub5, DWORD sub6, DWORD sub7, PSID* sid);
+BOOL AllocateAndInitializeSid(SID_IDENTIFIER_AUTHORITY* authority, BYTE count, DWORD sub0, DWORD sub1,
+                              DWORD sub2, DWORD sub3, DWORD sub4, DWORD sub5, DWORD sub6, DWORD sub7,
+                              PSID* sid);
 BOOL CheckTokenMembership(void* token, PSID sid, BOOL* isMember);
 PVOID FreeSid(PSID sid);
 

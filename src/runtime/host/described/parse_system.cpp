@@ -247,7 +247,7 @@ void parseSystemItem(Parsing& parsing, const Item& item) {
 }
 
 void readUserName(Parsing& parsing, const Item& item, std::wstring_view value) {
-    constexpr std::size_t longest = 255;  // what GetUserNameW can be asked for with room for 256 characters
+    constexpr std::size_t longest = 511;  // what fits where the program tells GetUserNameW of 512 characters
     const std::size_t separator = value.rfind(L'\\');
     const bool qualified = separator != std::wstring_view::npos;
     const std::wstring_view name = qualified ? value.substr(separator + 1) : value;

@@ -49,25 +49,9 @@ std::uint32_t storedNumber(const std::string& bytes) {
     return number;
 }
 
-std::wstring typeName(std::uint32_t type) {
-    static constexpr const wchar_t* names[] = {L"REG_NONE",
-                                               L"REG_SZ",
-                                               L"REG_EXPAND_SZ",
-                                               L"REG_BINARY",
-                                               L"REG_DWORD",
-                                               L"REG_DWORD_BIG_ENDIAN",
-                                               L"REG_LINK",
-                                               L"REG_MULTI_SZ",
-                                               L"REG_RESOURCE_LIST",
-                                               L"REG_FULL_RESOURCE_DESCRIPTOR",
-                                               L"REG_RESOURCE_REQUIREMENTS_LIST",
-                                               L"REG_QWORD"};
-    return type < std::size(names) ? names[type] : L"type " + std::to_wstring(type);
-}
-
 RegistryValue valueOf(const described::RegistryData& data) {
     RegistryValue value;
-    value.typeName = typeName(data.type);
+    value.typeName = registryTypeName(data.type, data.bytes.size());
     if (data.type == described::registryText) {
         value.kind = RegistryValue::Kind::text;
         value.text = storedText(data.bytes);
@@ -77,8 +61,6 @@ RegistryValue valueOf(const described::RegistryData& data) {
     } else if (data.type == described::registryNumber && data.bytes.size() == 4) {
         value.kind = RegistryValue::Kind::number;
         value.number = storedNumber(data.bytes);
-    } else if (data.type == described::registryNumber) {
-        value.typeName += L" of " + std::to_wstring(data.bytes.size()) + L" bytes";
     }
     return value;
 }
@@ -91,6 +73,11 @@ Answer<Done> registryKey(const std::wstring& keyPath) {
     const FoundKey found = findKey(keyPath);
     if (found.cause.any) return described::answerOf<Done>(found.cause, codesOfMissing);
     return found.key != nullptr ? Answer<Done>(Done{}) : Answer<Done>::missing();
+}
+
+Answer<Done> registryValueExists(const std::wstring& keyPath, const std::wstring& valueName) {
+    const Answer<RegistryValue> value = registryValue(keyPath, valueName);
+    return value.found() ? Answer<Done>(Done{}) : Answer<Done>::without(value);
 }
 
 Answer<RegistryValue> registryValue(const std::wstring& keyPath, const std::wstring& valueName) {

@@ -18,8 +18,8 @@ const Machine& machine();
 const Directory& directory();
 FailurePlan& failurePlan();
 
-/// How many questions were put to the machine since it was loaded that a real one would have asked another computer: a
-/// controller, or for an account of the domain.
+/// How many questions were put to the machine since it was loaded that a real one would have asked another
+/// computer: a controller, or for an account of the domain.
 std::uint64_t remoteQuestions();
 void countRemoteQuestion();
 

@@ -82,16 +82,21 @@ DWORD readCluster(ClusterFacts& facts) {
 
 }  // namespace
 
-Answer<ClusterFacts> cluster() {
+Answer<Done> clusterNode() {
     // Without the library there is no such feature, and this computer is no node.
     if (clusterLibrary().library.error() == ERROR_MOD_NOT_FOUND) return {};
     DWORD state = stateNotInstalled;
     const DWORD code = clusterLibrary().getNodeClusterState.code(nullptr, &state);
-    if (code != ERROR_SUCCESS) return windows::unanswered<ClusterFacts>(code);
+    if (code != ERROR_SUCCESS) return windows::unanswered<Done>(code);
     if (state == stateNotInstalled || state == stateNotConfigured) return {};
-    if (state == stateNotRunning) {
-        return Answer<ClusterFacts>::failed(0, L"the cluster service is not running on this node");
-    }
+    if (state == stateNotRunning)
+        return Answer<Done>::failed(0, L"the cluster service is not running on this node");
+    return Done{};
+}
+
+Answer<ClusterFacts> cluster() {
+    const Answer<Done> node = clusterNode();
+    if (!node.found()) return Answer<ClusterFacts>::without(node);
     ClusterFacts facts;
     const DWORD read = readCluster(facts);
     return read == ERROR_SUCCESS ? facts : windows::unanswered<ClusterFacts>(read);

@@ -40,6 +40,7 @@ DWORD membershipByJoin(Membership& membership) {
     NETSETUP_JOIN_STATUS status = NetSetupUnknownStatus;
     const DWORD code = windows::netApi().getJoinInformation.code(nullptr, name.receive(), &status);
     if (code != ERROR_SUCCESS) return code;
+    if (status == NetSetupUnknownStatus) return ERROR_INVALID_STATE;
     const Answer<windows::KernelVersion> version = windows::kernelVersion();
     membership.joined = status == NetSetupDomainName;
     membership.domainController =
@@ -52,6 +53,12 @@ DWORD membershipByJoin(Membership& membership) {
 std::wstring withoutBackslashes(const wchar_t* name) {
     const std::wstring text = textOf(name);
     return text.substr(std::min(text.find_first_not_of(L'\\'), text.size()));
+}
+
+/// "dc01.corp.example" is "dc01"; an address stays one.
+std::wstring computerName(const std::wstring& name) {
+    const bool isAddress = name.find_first_not_of(L"0123456789.:") == std::wstring::npos;
+    return isAddress ? name : name.substr(0, name.find(L'.'));
 }
 
 }  // namespace
@@ -74,7 +81,8 @@ Answer<std::wstring> domainController(const std::wstring& domainName, bool prima
     const DWORD code = windows::netApi().getDcName.code(
         nullptr, domainName.empty() ? nullptr : domainName.c_str(), nullptr, nullptr, flags, info.receive());
     if (code != ERROR_SUCCESS) return windows::unanswered<std::wstring>(code);
-    return withoutBackslashes(info->DomainControllerName);
+    const std::wstring name = withoutBackslashes(info->DomainControllerName);
+    return primary ? computerName(name) : name;
 }
 
 }  // namespace host

@@ -16,10 +16,8 @@ inline bool isRefusal(DWORD code) noexcept {
         case ERROR_PRIVILEGE_NOT_HELD:
         case ERROR_LOGON_FAILURE:
         case ERROR_ACCOUNT_RESTRICTION:
-        case ERROR_ACCOUNT_DISABLED:
-            return true;
-        default:
-            return false;
+        case ERROR_ACCOUNT_DISABLED: return true;
+        default: return false;
     }
 }
 

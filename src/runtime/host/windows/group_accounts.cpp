@@ -15,6 +15,8 @@ GroupAccounts::GroupAccounts(const std::wstring& server)
     : m_server(server), m_domain(accountDomain(server).value), m_builtin(builtinDomainName(server)) {}
 
 std::vector<Account> GroupAccounts::of(const std::vector<std::wstring>& names) {
+    // What could not be asked once may be answered the next time: failures are not remembered.
+    if (m_domain.name.empty()) m_domain = accountDomain(m_server).value;
     std::vector<std::wstring> unknown;
     for (const std::wstring& name : names) {
         if (!m_known.contains(name)) unknown.push_back(name);
@@ -24,8 +26,10 @@ std::vector<Account> GroupAccounts::of(const std::vector<std::wstring>& names) {
     }
     std::vector<Account> accounts;
     accounts.reserve(names.size());
-    for (const std::wstring& name : names)
-        accounts.push_back(m_known[name]);
+    for (const std::wstring& name : names) {
+        const auto known = m_known.find(name);
+        accounts.push_back(known != m_known.end() ? known->second : Account{m_domain.name, name, {}});
+    }
     return accounts;
 }
 
@@ -39,14 +43,14 @@ void GroupAccounts::lookUp(const std::vector<std::wstring>& names, std::size_t f
         asked.push_back(m_builtin + L'\\' + names[i]);
     const Answer<std::vector<Account>> found = accountsOfNames(m_server, asked);
 
+    if (!found.found()) return;
+
     const std::size_t count = end - first;
     for (std::size_t i = 0; i < count; ++i) {
         Account account{m_domain.name, names[first + i], {}};
-        if (found.found()) {
-            const Account& direct = found.value[i];
-            const Account& builtin = found.value[count + i];
-            if (!direct.sid.empty() || !builtin.sid.empty()) account = direct.sid.empty() ? builtin : direct;
-        }
+        const Account& direct = found.value[i];
+        const Account& builtin = found.value[count + i];
+        if (!direct.sid.empty() || !builtin.sid.empty()) account = direct.sid.empty() ? builtin : direct;
         m_known.insert_or_assign(names[first + i], std::move(account));
     }
 }

@@ -65,7 +65,8 @@ Answer<Accounts> localGroupsOf(const AccountSource& source, const Account& user)
     Names names;
     DWORD code = localGroupNames(source.server, name, LG_INCLUDE_INDIRECT, names);
     // Who may not read the domain may still read this computer's own groups.
-    if (code == ERROR_ACCESS_DENIED) code = localGroupNames(source.server, name, 0, names);
+    if (code == ERROR_ACCESS_DENIED && source.server.empty())
+        code = localGroupNames(source.server, name, 0, names);
     return code == ERROR_SUCCESS ? groups.of(names) : without(code);
 }
 

@@ -17,7 +17,8 @@ bool isPage(DWORD code) {
 }
 
 Answer<AccountPage> without(DWORD code) {
-    const bool missing = code == ERROR_NO_SUCH_ALIAS || code == ERROR_NO_SUCH_GROUP || code == NERR_GroupNotFound;
+    const bool missing =
+        code == ERROR_NO_SUCH_ALIAS || code == ERROR_NO_SUCH_GROUP || code == NERR_GroupNotFound;
     return missing ? Answer<AccountPage>::missing() : windows::unanswered<AccountPage>(code);
 }
 
@@ -47,7 +48,8 @@ Answer<AccountPage> globalGroups(const AccountSource& source, std::uint64_t curs
     return page;
 }
 
-Answer<AccountPage> localGroupMembers(const AccountSource& source, const Account& group, std::uint64_t cursor) {
+Answer<AccountPage> localGroupMembers(const AccountSource& source, const Account& group,
+                                      std::uint64_t cursor) {
     DWORD count = 0, total = 0;
     auto resume = static_cast<DWORD_PTR>(cursor);
     windows::NetItems<LOCALGROUP_MEMBERS_INFO_0> list;
@@ -65,13 +67,14 @@ Answer<AccountPage> localGroupMembers(const AccountSource& source, const Account
     return page;
 }
 
-Answer<AccountPage> globalGroupMembers(const AccountSource& source, const Account& group, std::uint64_t cursor) {
+Answer<AccountPage> globalGroupMembers(const AccountSource& source, const Account& group,
+                                       std::uint64_t cursor) {
     DWORD count = 0, total = 0;
     auto resume = static_cast<DWORD_PTR>(cursor);
     windows::NetItems<GROUP_USERS_INFO_0> list;
-    const DWORD code = windows::netApi().groupGetUsers.code(
-        windows::ServerName(source.server).get(), group.name.c_str(), 0, list.receive(), MAX_PREFERRED_LENGTH,
-        &count, &total, &resume);
+    const DWORD code =
+        windows::netApi().groupGetUsers.code(windows::ServerName(source.server).get(), group.name.c_str(), 0,
+                                             list.receive(), MAX_PREFERRED_LENGTH, &count, &total, &resume);
     if (!isPage(code)) return without(code);
     AccountPage page;
     for (DWORD i = 0; list.items() != nullptr && i < count; ++i) {

@@ -14,37 +14,6 @@ DWORD open(const std::wstring& keyPath, windows::RegistryKeyHandle& key) {
                                             KEY_QUERY_VALUE | KEY_WOW64_64KEY, key.receive()));
 }
 
-std::wstring nameOfType(DWORD type) {
-    switch (type) {
-        case REG_NONE:
-            return L"REG_NONE";
-        case REG_SZ:
-            return L"REG_SZ";
-        case REG_EXPAND_SZ:
-            return L"REG_EXPAND_SZ";
-        case REG_BINARY:
-            return L"REG_BINARY";
-        case REG_DWORD:
-            return L"REG_DWORD";
-        case REG_DWORD_BIG_ENDIAN:
-            return L"REG_DWORD_BIG_ENDIAN";
-        case REG_LINK:
-            return L"REG_LINK";
-        case REG_MULTI_SZ:
-            return L"REG_MULTI_SZ";
-        case REG_RESOURCE_LIST:
-            return L"REG_RESOURCE_LIST";
-        case REG_FULL_RESOURCE_DESCRIPTOR:
-            return L"REG_FULL_RESOURCE_DESCRIPTOR";
-        case REG_RESOURCE_REQUIREMENTS_LIST:
-            return L"REG_RESOURCE_REQUIREMENTS_LIST";
-        case REG_QWORD:
-            return L"REG_QWORD";
-        default:
-            return L"registry type " + std::to_wstring(type);
-    }
-}
-
 /// Whoever wrote the value may have left out its terminator, or half of its last unit.
 std::wstring textOf(const BYTE* bytes, std::size_t size) {
     std::wstring text(size / sizeof(wchar_t), L'\0');
@@ -64,7 +33,7 @@ Answer<RegistryValue> expanded(RegistryValue value) {
 
 Answer<RegistryValue> valueOf(DWORD type, const BYTE* bytes, std::size_t size) {
     RegistryValue value;
-    value.typeName = nameOfType(type);
+    value.typeName = registryTypeName(type, size);
     if (type == REG_SZ || type == REG_EXPAND_SZ) {
         value.kind = RegistryValue::Kind::text;
         value.text = textOf(bytes, size);
@@ -72,8 +41,6 @@ Answer<RegistryValue> valueOf(DWORD type, const BYTE* bytes, std::size_t size) {
     } else if (type == REG_DWORD && size == sizeof value.number) {
         value.kind = RegistryValue::Kind::number;
         std::memcpy(&value.number, bytes, size);
-    } else if (type == REG_DWORD) {
-        value.typeName += L" of " + std::to_wstring(size) + (size == 1 ? L" byte" : L" bytes");
     }
     return value;
 }
@@ -83,6 +50,15 @@ Answer<RegistryValue> valueOf(DWORD type, const BYTE* bytes, std::size_t size) {
 Answer<Done> registryKey(const std::wstring& keyPath) {
     windows::RegistryKeyHandle key;
     const DWORD code = open(keyPath, key);
+    return code == ERROR_SUCCESS ? Answer<Done>(Done{}) : windows::missingOrUnanswered<Done>(code);
+}
+
+Answer<Done> registryValueExists(const std::wstring& keyPath, const std::wstring& valueName) {
+    windows::RegistryKeyHandle key;
+    const DWORD opened = open(keyPath, key);
+    if (opened != ERROR_SUCCESS) return windows::missingOrUnanswered<Done>(opened);
+    const auto code = static_cast<DWORD>(
+        RegQueryValueExW(key.get(), valueName.c_str(), nullptr, nullptr, nullptr, nullptr));
     return code == ERROR_SUCCESS ? Answer<Done>(Done{}) : windows::missingOrUnanswered<Done>(code);
 }
 

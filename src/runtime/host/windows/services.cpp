@@ -13,22 +13,14 @@ using ServiceHandle = windows::Owner<windows::NullableTraits<SC_HANDLE, CloseSer
 
 std::wstring nameOfState(DWORD state) {
     switch (state) {
-        case SERVICE_STOPPED:
-            return L"stopped";
-        case SERVICE_START_PENDING:
-            return L"start pending";
-        case SERVICE_STOP_PENDING:
-            return L"stop pending";
-        case SERVICE_RUNNING:
-            return L"running";
-        case SERVICE_CONTINUE_PENDING:
-            return L"continue pending";
-        case SERVICE_PAUSE_PENDING:
-            return L"pause pending";
-        case SERVICE_PAUSED:
-            return L"paused";
-        default:
-            return L"unknown";
+        case SERVICE_STOPPED: return L"stopped";
+        case SERVICE_START_PENDING: return L"start pending";
+        case SERVICE_STOP_PENDING: return L"stop pending";
+        case SERVICE_RUNNING: return L"running";
+        case SERVICE_CONTINUE_PENDING: return L"continue pending";
+        case SERVICE_PAUSE_PENDING: return L"pause pending";
+        case SERVICE_PAUSED: return L"paused";
+        default: return L"unknown";
     }
 }
 

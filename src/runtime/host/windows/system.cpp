@@ -33,27 +33,19 @@ WORD nativeMachine() {
     SYSTEM_INFO info{};
     GetNativeSystemInfo(&info);
     switch (info.wProcessorArchitecture) {
-        case PROCESSOR_ARCHITECTURE_AMD64:
-            return IMAGE_FILE_MACHINE_AMD64;
-        case PROCESSOR_ARCHITECTURE_INTEL:
-            return IMAGE_FILE_MACHINE_I386;
-        case PROCESSOR_ARCHITECTURE_ARM64:
-            return IMAGE_FILE_MACHINE_ARM64;
-        default:
-            return IMAGE_FILE_MACHINE_UNKNOWN;
+        case PROCESSOR_ARCHITECTURE_AMD64: return IMAGE_FILE_MACHINE_AMD64;
+        case PROCESSOR_ARCHITECTURE_INTEL: return IMAGE_FILE_MACHINE_I386;
+        case PROCESSOR_ARCHITECTURE_ARM64: return IMAGE_FILE_MACHINE_ARM64;
+        default: return IMAGE_FILE_MACHINE_UNKNOWN;
     }
 }
 
 std::wstring architectureName(WORD machine) {
     switch (machine) {
-        case IMAGE_FILE_MACHINE_AMD64:
-            return L"x64";
-        case IMAGE_FILE_MACHINE_ARM64:
-            return L"ARM64";
-        case IMAGE_FILE_MACHINE_I386:
-            return L"x86";
-        default:
-            return L"unknown";
+        case IMAGE_FILE_MACHINE_AMD64: return L"x64";
+        case IMAGE_FILE_MACHINE_ARM64: return L"ARM64";
+        case IMAGE_FILE_MACHINE_I386: return L"x86";
+        default: return L"unknown";
     }
 }
 

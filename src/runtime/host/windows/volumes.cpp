@@ -49,18 +49,12 @@ std::vector<std::wstring> mountPaths(const std::wstring& device) {
 
 DriveType typeOf(const std::wstring& root) {
     switch (GetDriveTypeW(root.c_str())) {
-        case DRIVE_FIXED:
-            return DriveType::fixed;
-        case DRIVE_REMOVABLE:
-            return DriveType::removable;
-        case DRIVE_REMOTE:
-            return DriveType::network;
-        case DRIVE_CDROM:
-            return DriveType::optical;
-        case DRIVE_RAMDISK:
-            return DriveType::ramDisk;
-        default:
-            return DriveType::unknown;
+        case DRIVE_FIXED: return DriveType::fixed;
+        case DRIVE_REMOVABLE: return DriveType::removable;
+        case DRIVE_REMOTE: return DriveType::network;
+        case DRIVE_CDROM: return DriveType::optical;
+        case DRIVE_RAMDISK: return DriveType::ramDisk;
+        default: return DriveType::unknown;
     }
 }
 
@@ -72,7 +66,6 @@ void mountAt(std::vector<std::wstring> paths, VolumeFacts& volume) {
             volume.letter = static_cast<wchar_t>(std::towupper(static_cast<std::wint_t>(path[0])));
             continue;
         }
-        if (!isDrive && path.ends_with(L'\\')) path.pop_back();
         volume.folders.push_back(std::move(path));
     }
 }

@@ -20,11 +20,11 @@ protected:
 }  // namespace
 
 TEST_F(LogFile, GrowsAndIsWrittenAtOnce) {
-    std::ofstream("a.log") << "old ";
+    std::ofstream("a.log") << "old\n";
     auto file = host::openForAppending(L"a.log", 100, L"a.old.log");
     ASSERT_TRUE(file.found());
     EXPECT_TRUE(file.value->append("new"));
-    EXPECT_EQ(contents("a.log"), "old new");
+    EXPECT_EQ(contents("a.log"), "old\nnew");
     EXPECT_TRUE(file.value->append(""));
     EXPECT_FALSE(std::filesystem::exists("a.old.log"));
 }
@@ -36,22 +36,44 @@ TEST_F(LogFile, IsMade) {
 }
 
 TEST_F(LogFile, IsRotatedAboveTheLimitOnly) {
-    std::ofstream("a.log") << "12345";
+    std::ofstream("a.log") << "1234\n";
     std::ofstream("a.old.log") << "older";
     ASSERT_TRUE(host::openForAppending(L"a.log", 5, L"a.old.log").found());
-    EXPECT_EQ(contents("a.log"), "12345");
+    EXPECT_EQ(contents("a.log"), "1234\n");
     ASSERT_TRUE(host::openForAppending(L"a.log", 4, L"a.old.log").found());
     EXPECT_EQ(contents("a.log"), "");
-    EXPECT_EQ(contents("a.old.log"), "12345");
+    EXPECT_EQ(contents("a.old.log"), "1234\n");
 }
 
 TEST_F(LogFile, GrowsOnWhenItCannotBeRotated) {
-    std::ofstream("a.log") << "12345";
+    std::ofstream("a.log") << "1234\n";
     std::filesystem::create_directory("a.old.log");
     auto file = host::openForAppending(L"a.log", 4, L"a.old.log");
     ASSERT_TRUE(file.found());
     EXPECT_TRUE(file.value->append("6"));
-    EXPECT_EQ(contents("a.log"), "123456");
+    EXPECT_EQ(contents("a.log"), "1234\n6");
+}
+
+TEST_F(LogFile, FinishesTheLineThatAnEarlierRunCouldNot) {
+    std::ofstream("a.log") << "one\r\ntw";
+    ASSERT_TRUE(host::openForAppending(L"a.log", 100, L"a.old.log").found());
+    EXPECT_EQ(contents("a.log"), "one\r\ntw\r\n");
+    ASSERT_TRUE(host::openForAppending(L"a.log", 100, L"a.old.log").found());
+    EXPECT_EQ(contents("a.log"), "one\r\ntw\r\n");
+    std::ofstream("a.log") << "one\r";
+    auto file = host::openForAppending(L"a.log", 100, L"a.old.log");
+    EXPECT_TRUE(file.value->append("two"));
+    EXPECT_EQ(contents("a.log"), "one\r\r\ntwo");
+}
+
+TEST_F(LogFile, NothingIsFinishedInAnEmptyOrARenamedFile) {
+    std::ofstream("a.log") << "";
+    ASSERT_TRUE(host::openForAppending(L"a.log", 4, L"a.old.log").found());
+    EXPECT_EQ(contents("a.log"), "");
+    std::ofstream("a.log") << "12345";
+    ASSERT_TRUE(host::openForAppending(L"a.log", 4, L"a.old.log").found());
+    EXPECT_EQ(contents("a.log"), "");
+    EXPECT_EQ(contents("a.old.log"), "12345");
 }
 
 TEST_F(LogFile, TellsWhyItCannotBeOpened) {

@@ -80,9 +80,9 @@ TEST_F(Mistakes, OfSystem) {
 TEST_F(Mistakes, OfUser) {
     expectMistake("[user]", "nmae = a", "unknown setting \"nmae\", expected \"name\" or \"administrator\"");
     expectMistake("[user]", "name = WS01\\", "is no user name");
-    expectMistake("[user]", "name = " + std::string(256, 'a'), "with at most 255 characters");
+    expectMistake("[user]", "name = " + std::string(512, 'a'), "with at most 511 characters");
     expectMistake("[user]", "administrator = 1", "is neither \"yes\" nor \"no\"");
-    expectNone("[user]", "name = " + std::string(255, 'a'));
+    expectNone("[user]", "name = " + std::string(511, 'a'));
 }
 
 TEST_F(Mistakes, OfAccounts) {
@@ -108,6 +108,7 @@ TEST_F(Mistakes, OfDomain) {
     expectMistake("[domain]", "reachable = no way", "is neither \"yes\" nor \"no\" nor \"no CODE\"");
     expectMistake("[domain]", "page size = 0", "a page holds at least one account");
     expectMistake("[domain]", "page size = all", "is no number");
+    expectMistake("[domain]", "member page size = 0", "a page holds at least one account");
     expectMistake("[domain]", "! error 5 users", "cannot fail here, expected \"membership\"");
 }
 

@@ -109,7 +109,7 @@ TEST_F(Registry, OtherTypesAreNamed) {
     EXPECT_EQ(value(L"multi").value.typeName, L"REG_MULTI_SZ");
     EXPECT_EQ(value(L"q").value.typeName, L"REG_QWORD");
     EXPECT_EQ(value(L"none").value.typeName, L"REG_NONE");
-    EXPECT_EQ(value(L"odd").value.typeName, L"type 255");
+    EXPECT_EQ(value(L"odd").value.typeName, L"registry type 255");
 }
 
 TEST_F(Registry, BytesGoOnInTheNextLine) {

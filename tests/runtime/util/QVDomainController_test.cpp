@@ -1,0 +1,127 @@
+#include "runtime/util/QVDomainController.h"
+
+#include "runtime/host/host.h"
+#include "tests/runtime/error_of.h"
+#include "tests/runtime/host/described/machine_fixture.h"
+
+namespace {
+
+using Reply = host::Answer<host::Done>;
+
+constexpr const char* member = "[domain]\njoined = yes\nname = CORP\ncontroller = DC02\nprimary = DC01\n";
+
+class QVDomainControllerTest : public DescribedMachine {
+protected:
+    QVDomainControllerTest() { QVDomainController::stop(); }
+    ~QVDomainControllerTest() override { QVDomainController::stop(); }
+
+    static void startOn(const std::string& machine) {
+        describe(machine);
+        QVDomainController::start();
+    }
+
+    /// Puts a question that gets this reply; tells how often it was put.
+    static int timesAsked(const Reply& reply) {
+        int times = 0;
+        const Reply result = QVDomainController::ask([&](const host::AccountSource& source) {
+            ++times;
+            EXPECT_EQ(source.server, L"DC02");
+            return reply;
+        });
+        EXPECT_EQ(result.status, reply.status);
+        return times;
+    }
+};
+
+TEST_F(QVDomainControllerTest, NothingIsAnsweredUnlessStarted) {
+    describe(member);
+    const std::wstring refusal = L"Operation failed: the domain controller instance was not started";
+    EXPECT_FALSE(QVDomainController::isStarted());
+    EXPECT_EQ(errorOf([] { QVDomainController::mf_isJoined(); }), refusal);
+    EXPECT_EQ(errorOf([] { QVDomainController::mf_getDomainName(); }), refusal);
+    EXPECT_EQ(errorOf([] { QVDomainController::mf_getPDCName(); }), refusal);
+    EXPECT_EQ(errorOf([] { QVDomainController::accountSource(); }), refusal);
+    EXPECT_EQ(errorOf([] { QVDomainController::canRediscover(); }), refusal);
+    EXPECT_EQ(QVDomainController::listedUsers(), nullptr);
+}
+
+TEST_F(QVDomainControllerTest, TellsTheDomainAndItsControllers) {
+    startOn(member);
+    EXPECT_NE(QVDomainController::mf_isJoined(), 0);
+    EXPECT_EQ(QVDomainController::mf_getDomainName(), L"CORP");
+    EXPECT_EQ(described::remoteQuestions(), 0U);
+    EXPECT_EQ(QVDomainController::mf_getPDCName(), L"DC01");
+    EXPECT_EQ(QVDomainController::accountSource().value.server, L"DC02");
+}
+
+TEST_F(QVDomainControllerTest, TheMembershipIsAskedOnceUntilTheStop) {
+    startOn(member);
+    EXPECT_NE(QVDomainController::mf_isJoined(), 0);
+    describe("[domain]\nworkgroup = HOME\n");
+    EXPECT_NE(QVDomainController::mf_isJoined(), 0);
+    EXPECT_EQ(QVDomainController::mf_getDomainName(), L"CORP");
+    QVDomainController::stop();
+    QVDomainController::start();
+    EXPECT_EQ(QVDomainController::mf_isJoined(), 0);
+    EXPECT_EQ(QVDomainController::mf_getDomainName(), L"HOME");
+}
+
+TEST_F(QVDomainControllerTest, AMembershipThatIsNotToldIsAnErrorAndAskedForAgain) {
+    startOn("[domain]\n! error 1722 membership\n");
+    const std::wstring expected =
+        L"System call failed: the membership of a domain cannot be determined, "
+        L"system error 1722: The RPC server is unavailable.";
+    EXPECT_EQ(errorOf([] { QVDomainController::mf_isJoined(); }), expected);
+    EXPECT_EQ(errorOf([] { QVDomainController::mf_getDomainName(); }), expected);
+    describe(member);
+    EXPECT_NE(QVDomainController::mf_isJoined(), 0);
+}
+
+TEST_F(QVDomainControllerTest, WithoutAControllerThereIsNoPrimaryOne) {
+    startOn("[domain]\njoined = yes\nname = CORP\ncontroller = DC02\nreachable = no 1722\n");
+    EXPECT_EQ(errorOf([] { QVDomainController::mf_getPDCName(); }),
+              L"System call failed: no primary domain controller was found, system error 1722: "
+              L"The RPC server is unavailable.");
+}
+
+TEST_F(QVDomainControllerTest, AControllerIsLocatedOnce) {
+    startOn(member);
+    EXPECT_EQ(QVDomainController::accountSource().value.server, L"DC02");
+    EXPECT_EQ(QVDomainController::accountSource().value.server, L"DC02");
+    EXPECT_EQ(timesAsked(host::Done{}), 1);
+    EXPECT_EQ(described::remoteQuestions(), 1U);
+}
+
+TEST_F(QVDomainControllerTest, AnotherControllerIsLookedForOnceInAnInstance) {
+    startOn(member);
+    EXPECT_TRUE(QVDomainController::canRediscover());
+    EXPECT_EQ(timesAsked(Reply::failed(1722)), 2);
+    EXPECT_EQ(described::remoteQuestions(), 2U);
+    EXPECT_FALSE(QVDomainController::canRediscover());
+    EXPECT_EQ(timesAsked(Reply::failed(1722)), 1);
+    EXPECT_EQ(described::remoteQuestions(), 2U);
+    QVDomainController::stop();
+    QVDomainController::start();
+    EXPECT_EQ(timesAsked(Reply::failed(1722)), 2);
+}
+
+TEST_F(QVDomainControllerTest, ARefusalAndAnEmptyAnswerNeedNoOtherController) {
+    startOn(member);
+    EXPECT_EQ(timesAsked(Reply::refused(5)), 1);
+    EXPECT_EQ(timesAsked(Reply::missing()), 1);
+    EXPECT_TRUE(QVDomainController::canRediscover());
+}
+
+TEST_F(QVDomainControllerTest, WithoutAControllerTheQuestionIsNotPut) {
+    startOn("[domain]\njoined = yes\nname = CORP\ncontroller = DC02\nreachable = no\n");
+    int times = 0;
+    const Reply reply = QVDomainController::ask([&](const host::AccountSource&) {
+        ++times;
+        return Reply(host::Done{});
+    });
+    EXPECT_EQ(reply.status, host::Status::failed);
+    EXPECT_EQ(reply.failure.code, 1355U);
+    EXPECT_EQ(times, 0);
+}
+
+}  // namespace

@@ -1,0 +1,64 @@
+#include "runtime/util/QVGroup.h"
+
+#include "runtime/util/QVDomainController.h"
+#include "tests/runtime/error_of.h"
+#include "tests/runtime/host/described/machine_fixture.h"
+#include "tests/runtime/util/account_names.h"
+
+namespace {
+
+using Names = std::vector<std::wstring>;
+
+const std::string domain = "[domain]\njoined = yes\nname = CORP\ncontroller = DC01\npage size = 2\n";
+
+class QVGroupTest : public DescribedMachine {
+protected:
+    QVGroupTest() { QVDomainController::stop(); }
+    ~QVGroupTest() override {
+        deleteElements(m_groups);
+        QVDomainController::stop();
+    }
+
+    QVArray<QVGroup*, QVGroup*> m_groups;
+};
+
+TEST_F(QVGroupTest, ListsTheComputersGroupsInTheSystemsOrder) {
+    describe("[system]\ncomputer = WS01\n[groups]\nWriters\nAdministrators (BUILTIN)\n");
+    EXPECT_NE(QVGroup::mf_getComputerGroupList(m_groups), 0);
+    EXPECT_EQ(takeNames(m_groups), (Names{L"WS01\\Writers", L"BUILTIN\\Administrators"}));
+}
+
+TEST_F(QVGroupTest, AListThatFailsIsEmptyHoweverFarItWasRead) {
+    describe("[groups]\nWriters\n! error 5\n");
+    EXPECT_EQ(QVGroup::mf_getComputerGroupList(m_groups), 0);
+    EXPECT_EQ(m_groups.GetSize(), 0);
+    describe("[groups]\nA\nB\nC\n! error 2221 after 2\n");
+    EXPECT_EQ(QVGroup::mf_getComputerGroupList(m_groups), 0);
+    EXPECT_EQ(m_groups.GetSize(), 0);
+}
+
+TEST_F(QVGroupTest, ListsTheDomainsGroupsOverAllPagesButNotItsGlobalOnes) {
+    describe(domain + "[domain groups]\nA\nB\nC\nD\nE\n[global groups]\nDomain Users\n");
+    QVDomainController::start();
+    EXPECT_NE(QVGroup::mf_getDomainLocalGroupList(m_groups), 0);
+    EXPECT_EQ(takeNames(m_groups), (Names{L"CORP\\A", L"CORP\\B", L"CORP\\C", L"CORP\\D", L"CORP\\E"}));
+}
+
+TEST_F(QVGroupTest, ADomainsListThatFailsIsEmpty) {
+    describe(domain + "[domain groups]\nA\nB\nC\nD\nE\n! error 2221 after 3\n");
+    QVDomainController::start();
+    EXPECT_EQ(QVGroup::mf_getDomainLocalGroupList(m_groups), 0);
+    EXPECT_EQ(m_groups.GetSize(), 0);
+    describe(domain + "reachable = no\n[domain groups]\nA\n");
+    QVDomainController::start();
+    EXPECT_EQ(QVGroup::mf_getDomainLocalGroupList(m_groups), 0);
+    EXPECT_EQ(m_groups.GetSize(), 0);
+}
+
+TEST_F(QVGroupTest, TheDomainIsNotAskedUnlessItsInstanceWasStarted) {
+    describe(domain + "[domain groups]\nA\n");
+    EXPECT_NE(errorOf([this] { QVGroup::mf_getDomainLocalGroupList(m_groups); }), L"");
+    EXPECT_EQ(m_groups.GetSize(), 0);
+}
+
+}  // namespace

@@ -1,0 +1,39 @@
+#include "runtime/util/QVStorage.h"
+#include "tests/runtime/host/described/machine_fixture.h"
+
+namespace {
+
+class QVStorageDescribed : public DescribedMachine {
+protected:
+    QVStorageDescribed() { QVStorage::stop(); }
+    ~QVStorageDescribed() override { QVStorage::stop(); }
+
+    static std::wstring letters() {
+        QVArray<QVVolume*> volumes;
+        QVStorage::mf_getVolumes(volumes);
+        std::wstring found;
+        for (int i = 0; i < volumes.GetSize(); ++i)
+            found += volumes[i]->mf_getDriveLetter();
+        return found;
+    }
+};
+
+TEST_F(QVStorageDescribed, TheSystemIsAskedOnceAfterEachStart) {
+    describe("[volumes]\nD: = fixed NTFS\nC: = fixed NTFS\n");
+    QVStorage::start();
+    EXPECT_EQ(letters(), L"CD");
+    describe("[volumes]\nE: = fixed NTFS\n");
+    EXPECT_EQ(letters(), L"CD");
+    QVStorage::stop();
+    QVStorage::start();
+    EXPECT_EQ(letters(), L"E");
+}
+
+TEST_F(QVStorageDescribed, ASystemThatDoesNotListItsVolumesGivesNone) {
+    describe("[volumes]\nC: = fixed NTFS\n! error 5\n");
+    QVStorage::start();
+    EXPECT_EQ(letters(), L"");
+    EXPECT_NE(QVStorage::mf_isInitialized(), 0);
+}
+
+}  // namespace

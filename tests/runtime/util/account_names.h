@@ -1,0 +1,18 @@
+#pragma once
+
+/// Lists of accounts as tests look at them.
+
+#include <string>
+#include <vector>
+
+#include "runtime/util/QVArray.h"
+
+/// The full names of the accounts of a list, which is emptied and its objects deleted.
+template <class Entry>
+std::vector<std::wstring> takeNames(QVArray<Entry*, Entry*>& list) {
+    std::vector<std::wstring> names;
+    for (int i = 0; i < list.GetSize(); ++i)
+        names.push_back(list[i]->mf_getFullName().units());
+    deleteElements(list);
+    return names;
+}
