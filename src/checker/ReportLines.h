@@ -23,9 +23,8 @@ public:
     /// The line at `index`, counted from 0.
     CString line(int index) const {
         const auto& line = m_lines.at(static_cast<std::size_t>(index));
-        const auto* length = std::get_if<std::size_t>(&line);
-        return length != nullptr ? CString(m_runningText.units().substr(0, *length))
-                                 : std::get<CString>(line);
+        if (const auto* text = std::get_if<CString>(&line)) return *text;
+        return CString(m_runningText.units().substr(0, std::get<std::size_t>(line)));
     }
 
 private:

@@ -26,14 +26,14 @@ void mf_doKeyword(QVInstallationChecker& checker, const CString& keyword, unsign
                   unsigned int* usageShown, QVCmdline&) {
     CString lowerCase = keyword;
     lowerCase.MakeLower();
-    const bool allMode = *errorsOnly != 0 || lowerCase.Compare(L"all") == 0;
-    if (lowerCase.Compare(L"help") == 0) {
+    const bool allMode = *errorsOnly != 0 || lowerCase == L"all";
+    if (lowerCase == L"help") {
         mf_implPrintUsage(usageShown);
         return;
     }
     for (const Report& report : reports()) {
-        const bool named = lowerCase.Compare(report.keyword) == 0;
-        if (!named && !(allMode && report.inAll)) continue;
+        const bool inTurn = allMode && report.inAll;
+        if (!inTurn && !(lowerCase == report.keyword)) continue;
         runReport(report, checker, *errorsOnly != 0);
         if (!allMode) return;
     }

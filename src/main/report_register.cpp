@@ -61,7 +61,8 @@ CString valueUnderTitle(const CString& title, const CString& value) {
 /// What went wrong with the quotas, in its own line; nothing when nothing did.
 CString quotaError(const CString& result, int errorsOnly, int problem) {
     const bool shown = (errorsOnly || problem) && !result.IsEmpty();
-    return shown ? result + L"\n" : CString();
+    if (!shown) return {};
+    return result + L"\n";
 }
 
 void allquota(Checker& checker, int errorsOnly) {
@@ -74,7 +75,7 @@ void allquota(Checker& checker, int errorsOnly) {
                          QVString(3334, quotaFilePath));
     for (int i = 0; i < lines.size(); ++i) {
         const bool last = i + 1 == lines.size();
-        checker.mf_implPrint(last ? lines.line(i) : lines.line(i) + L"\n");
+        checker.mf_implPrint(lines.line(i) + (last ? L"" : L"\n"));
     }
 }
 

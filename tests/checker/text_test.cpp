@@ -20,6 +20,8 @@ TEST(WithinLatin1, OneQuestionMarkForACharacter) {
 TEST(WithinLatin1, LoneSurrogatesAreCharactersToo) {
     const wchar_t lone[] = {0xDE00, 0xD83D, L'x', 0xD83D, 0};
     EXPECT_EQ(withinLatin1(lone), L"??x?");
+    const wchar_t beforeHigher[] = {0xD83D, 0xFFFD, 0};
+    EXPECT_EQ(withinLatin1(beforeHigher), L"??");
 }
 
 TEST(ReportLines, RunningTextIsKeptAsItStood) {

@@ -10,14 +10,26 @@
 #include "runtime/host/host.h"
 #include "runtime/host/utf.h"
 
+#ifdef KVX_COVERAGE
+extern "C" void __gcov_dump();
+#endif
+
 namespace host {
 
 namespace {
+
+/// What ran counts, also when the run ends early.
+void recordCoverage() {
+#ifdef KVX_COVERAGE
+    __gcov_dump();
+#endif
+}
 
 /// However the run ends, what was reported so far is complete: on the console and in open files.
 [[noreturn]] void endAfterFlush() {
     flushConsole();
     std::fflush(nullptr);
+    recordCoverage();
     std::_Exit(Process::abortedExitStatus);
 }
 
