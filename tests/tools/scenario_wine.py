@@ -2,6 +2,7 @@
 
 import subprocess
 import tempfile
+import time
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
@@ -33,8 +34,15 @@ class Prefix:
         self.made: list[Path] = []
 
     def run(self, *command: str) -> None:
-        subprocess.run([WINE, "run", self.folder, *command], check=True, stdin=subprocess.DEVNULL,
-                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=60)
+        """Runs a command of Windows. What stages may be repeated: a busy Wine server now and then refuses one."""
+        for patience in (1, 3, None):
+            outcome = subprocess.run([WINE, "run", self.folder, *command], stdin=subprocess.DEVNULL,
+                                     stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=60)
+            if outcome.returncode == 0:
+                return
+            if patience is None:
+                outcome.check_returncode()
+            time.sleep(patience)
 
     def stage(self, staging: Staging) -> None:
         """Makes the prefix as `staging` says; what an earlier call made is removed first."""
