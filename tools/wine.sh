@@ -6,6 +6,8 @@
 #   wine.sh start PREFIX                 makes it and starts its server, which stays until "stop"
 #   wine.sh stop PREFIX                  ends its server, with all that runs there
 #   wine.sh run PREFIX PROGRAM ARG...    runs a program in it, with its exit status
+#
+# WINEDLLOVERRIDES in the environment is added to what is set here.
 
 set -u
 
@@ -15,7 +17,7 @@ shift 2
 
 wine=/usr/lib/wine/wine64
 server=/usr/lib/wine/wineserver
-export WINEPREFIX=$prefix WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+export WINEPREFIX=$prefix WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=${WINEDLLOVERRIDES:+;$WINEDLLOVERRIDES}"
 unset DISPLAY WAYLAND_DISPLAY
 
 # Most of a new prefix are copies of the package's own files: 690 of 720 MB. Links do as well.

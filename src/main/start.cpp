@@ -4,6 +4,8 @@
 #include "runtime/host/host.h"
 
 #ifdef _WIN32
+extern "C" int wmain(int argc, wchar_t** argv);
+
 int wmain(int argc, wchar_t** argv)
 #else
 int main(int argc, char** argv)

@@ -1,7 +1,8 @@
 """What of a described machine can be made real under Wine: its registry, its files and their texts.
 
-The description's other sections describe what Wine answers by itself, and are passed over. docs/machines.md
-has the format; a mistake in it is told by the program natively, not here.
+Of the other sections, those that `stages` names are kept as lines for who can make them real; the rest
+describes what Wine answers by itself, and is passed over. docs/machines.md has the format; a mistake in it is
+told by the program natively, not here.
 """
 
 import re
@@ -13,11 +14,16 @@ from scenario_file import Mistake
 SECTIONS = {"machine", "system", "environment", "user", "users", "groups", "domain", "domain users",
             "domain groups", "global groups", "volumes", "cluster", "services", "versions",
             "registry", "files", "failures"}
+# By what stages them.
+SECTIONS_KEPT_FOR = {"services": {"services"}, "versions": {"versions"}, "user": {"user"},
+                     "volumes": {"volumes", "devices"}}
+GIVEN_TO_EACH_RUN = {"user", "accounts", "cluster"}
 REGISTRY_HEADS = ("windows registry editor", "regedit4")
 
 # A text in quotes, or a comment and the blanks before it.
 QUOTED_OR_COMMENT = re.compile(r'("(?:\\.|[^"\\])*")|(?:^\s*|\s\s+)#.*')
 REGISTRY_QUOTED_OR_COMMENT = re.compile(r'("(?:\\.|[^"\\])*")|(?:^|\s)\s*[#;].*')
+REFUSED_KEY = re.compile(r'\[(?P<key>[^\]]+)\]\s*refused')
 REGISTRY_CAUSE = re.compile(r'(?:\]|"=)\s*(?:refused|error)\b')
 
 
@@ -27,10 +33,20 @@ class Staging:
     registry: list[str] = field(default_factory=list)
     files: dict[str, None] = field(default_factory=dict)
     contents: dict[str, bytes] = field(default_factory=dict)
+    stages: frozenset[str] = frozenset()
+    sections: dict[str, list[str]] = field(default_factory=dict)
+    refused_keys: list[str] = field(default_factory=list)
+    driver_fails: bool = False
+
+    def section(self, name: str) -> list[str]:
+        """The lines of a section that is to be made real."""
+        return self.sections.get(name, [])
 
     def key(self) -> tuple:
-        """Equal for machines that need the same staging."""
-        return tuple(self.registry), tuple(self.files), tuple(self.contents.items())
+        """Equal for machines that need the same staging; what each run is given by itself does not count."""
+        sections = tuple((name, tuple(lines)) for name, lines in sorted(self.sections.items()) if name != "user")
+        return (tuple(self.registry), tuple(self.files), tuple(self.contents.items()),
+                self.stages - GIVEN_TO_EACH_RUN, sections, tuple(self.refused_keys), self.driver_fails)
 
 
 def read_text(path: Path) -> str:
@@ -60,6 +76,8 @@ def parse_machine(text: str, file: Path, staging: Staging) -> None:
             take_files(place, lines, staging)
         elif section.startswith("contents "):
             staging.contents[section.removeprefix("contents ").strip()] = contents_of(lines, file)
+        elif SECTIONS_KEPT_FOR.get(section, set()) & staging.stages:
+            take_section(section, lines, staging)
         elif section == "failures" and uncommented(lines):
             raise Mistake(f"{place}: failures cannot be planned under Wine")
 
@@ -97,12 +115,22 @@ def take_machine(lines: list[str], file: Path, staging: Staging) -> None:
 def take_registry(place: str, lines: list[str], staging: Staging) -> None:
     for line in lines:
         bare = REGISTRY_QUOTED_OR_COMMENT.sub(lambda match: match[1] or "", line).strip()
+        refused = REFUSED_KEY.fullmatch(bare) if "registry" in staging.stages else None
         if bare == "clear":
             staging.registry.clear()
+        elif refused:
+            staging.registry.append(f"[{refused['key']}]")
+            staging.refused_keys.append(refused["key"])
         elif REGISTRY_CAUSE.search(bare):
             raise Mistake(f"{place}: Wine cannot be made to answer '{bare}'")
         elif bare and not bare.lower().startswith(REGISTRY_HEADS):
             staging.registry.append(bare)
+
+
+def take_section(section: str, lines: list[str], staging: Staging) -> None:
+    kept = staging.sections.setdefault(section, [])
+    for line in uncommented(lines):
+        kept.clear() if line == "clear" else kept.append(line)
 
 
 def take_files(place: str, lines: list[str], staging: Staging) -> None:

@@ -10,12 +10,14 @@ RECORD = re.compile(r"\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\.\d{3}[+-]\d\d:\d\d \[\d+\]
                     re.DOTALL)
 
 NO_FILE = ["(no file)"]
+LONG = 3000
 
 
 @dataclass
 class Outcome:
     """What a run gave. `fault` is empty, or says why the run fails whatever was expected of it; `kept` names
-    the given directories that are as they were."""
+    the given directories that are as they were; `others` says what else is not as expected,
+    `notes` what is worth telling though all is well."""
     console: bytes
     stderr: bytes
     exit: int
@@ -23,6 +25,8 @@ class Outcome:
     log: bytes | None
     fault: str = ""
     kept: list[str] = field(default_factory=list)
+    others: list[str] = field(default_factory=list)
+    notes: list[str] = field(default_factory=list)
 
 
 def console_lines(outcome: Outcome) -> list[str]:
@@ -69,7 +73,7 @@ def differences(scenario: Scenario, outcome: Outcome) -> list[str]:
         found.append(diff("stderr", [], stderr_lines(outcome)))
     if outcome.exit != scenario.exit:
         found.append(f"exit status: expected {scenario.exit}, got {outcome.exit}")
-    return [text for text in found if text]
+    return [text for text in found + outcome.others if text]
 
 
 def difference(block: Block, outcome: Outcome) -> str:
@@ -95,7 +99,20 @@ def difference(block: Block, outcome: Outcome) -> str:
 
 
 def diff(name: str, expected: list[str], given: list[str]) -> str:
+    if expected == given:
+        return ""
+    if max(len(expected), len(given)) > LONG:
+        return first_difference(name, expected, given)
     return "\n".join(difflib.unified_diff(expected, given, name + " expected", name + " given", lineterm=""))
+
+
+def first_difference(name: str, expected: list[str], given: list[str]) -> str:
+    """Where long texts part: to compare them line by line would take too long."""
+    pairs = zip(expected + [None], given + [None])
+    at = next((i for i, (left, right) in enumerate(pairs) if left != right), min(len(expected), len(given)))
+    return "\n".join([f"{name}: {len(expected)} lines expected, {len(given)} given; from line {at + 1} on:",
+                      *("-" + line for line in expected[at:at + 3]),
+                      *("+" + line for line in given[at:at + 3])])
 
 
 def missing(name: str, expected: list[str], given: list[str]) -> str:

@@ -14,6 +14,9 @@ LEVELS = "SEWITDLCFX"
 CR_SIGN = "␍"
 LF_SIGN = "␊"
 NO_LINE_END_SIGN = "¬"
+MANY_LINES = re.compile(r"⋮(?P<first>\d+)-(?P<last>\d+) (?P<pattern>.*%\d*d.*)")
+EXPECTED_CALLS = re.compile(r"(?P<name>\D*?\S) (?:(?P<most>at most) )?(?P<number>\d[\d+*/ ]*)")
+NUMBER = re.compile(r"%(\d*d)")
 
 
 class Mistake(Exception):
@@ -42,6 +45,10 @@ class Scenario:
     directories: list[str] = field(default_factory=list)
     environment: dict[str, str] = field(default_factory=dict)
     wine: bool = False
+    stages: frozenset[str] = frozenset()
+    driver_fails: bool = False
+    quirks: list[str] = field(default_factory=list)
+    calls: list[str] = field(default_factory=list)
     exit: int = 0
     expected: list[Block] = field(default_factory=list)
 
@@ -58,6 +65,8 @@ BLOCKS = {
     "directory": FILE_NAME,
     "env": r"\w+=.*",
     "wine": NOTHING,
+    "quirks": NOTHING,
+    "calls": NOTHING,
     "exit": NOTHING,
     "console with": NOTHING,
     "console": NOTHING,
@@ -68,6 +77,8 @@ BLOCKS = {
     "log with": NOTHING,
     "log": rf"([{LEVELS}]( [{LEVELS}])*)?",
 }
+STAGES = {"services", "versions", "volumes", "devices", "user", "registry", "accounts", "cluster"}
+STAND_INS = {"accounts", "cluster"}
 REPEATABLE = {"file", "directory", "directory kept", "env"}
 COMPARED = {"console with", "console", "stderr", "no report", "report", "no log", "log with", "log",
             "directory kept"}
@@ -75,9 +86,19 @@ WITHOUT_LINES = {"program", "directory", "directory kept", "env", "no report", "
 
 
 def to_text(lines: list[str]) -> str:
-    """The text that lines of a block stand for."""
-    text = "".join(line + "\n" for line in lines)
+    """The text that lines of a block stand for. `⋮1-3 user%02d` are three lines, with the
+    numbers 1 to 3; each ends within at `␊`."""
+    text = "".join(line + "\n" for written in lines for line in expanded(written))
     return text.replace(NO_LINE_END_SIGN + "\n", "").replace(CR_SIGN, "\r")
+
+
+def expanded(line: str) -> list[str]:
+    many = MANY_LINES.fullmatch(line)
+    if not many:
+        return [line]
+    lines = (NUMBER.sub(lambda match: format(number, match[1]), many["pattern"])
+             for number in range(int(many["first"]), int(many["last"]) + 1))
+    return [part for line in lines for part in line.split(LF_SIGN)]
 
 
 def to_lines(text: str) -> list[str]:
@@ -104,6 +125,8 @@ def read(path: Path) -> Scenario:
     check_blocks(path, blocks)
     for block in blocks:
         take(scenario, block)
+    if (scenario.quirks or scenario.calls) and not scenario.stages & STAND_INS:
+        raise Mistake(f"{path}:1: 'quirks' and 'calls' are for scenarios that stage accounts or cluster")
     return scenario
 
 
@@ -170,8 +193,36 @@ def take(scenario: Scenario, block: Block) -> None:
         scenario.environment[name] = value
     elif block.name == "wine":
         scenario.wine = True
+        take_wine(scenario, block)
+    elif block.name == "quirks":
+        scenario.quirks = block.lines
+    elif block.name == "calls":
+        take_calls(scenario, block)
     elif block.name == "exit":
         scenario.exit = parse_exit(block)
+
+
+def take_wine(scenario: Scenario, block: Block) -> None:
+    """Takes what the Windows program is to be given for real; other lines say why it runs the scenario at all."""
+    for number, line in enumerate(block.lines, start=1):
+        words = line.split()
+        if words[:1] == ["stages"]:
+            unknown = set(words[1:]) - STAGES
+            if unknown or len(words) == 1:
+                place, _, first = block.place.rpartition(":")
+                raise Mistake(f"{place}:{int(first) + number}: '{' '.join(sorted(unknown))}' cannot be staged; "
+                              f"known are: {', '.join(sorted(STAGES))}")
+            scenario.stages |= set(words[1:])
+        elif words == ["driver", "fails"]:
+            scenario.driver_fails = True
+
+
+def take_calls(scenario: Scenario, block: Block) -> None:
+    scenario.calls = [line.strip() for line in block.lines if line.strip()]
+    for line in scenario.calls:
+        if not EXPECTED_CALLS.fullmatch(line):
+            raise Mistake(f"{block.place}: '{line}' is no count of calls; expected NAME NUMBER or "
+                          "NAME at most NUMBER")
 
 
 def parse_command(block: Block) -> list[str]:

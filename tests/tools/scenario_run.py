@@ -34,12 +34,17 @@ def run_natively(scenario: Scenario, program_dir: Path) -> Outcome:
         folder = Path(name)
         environment = dict(scenario.environment)
         if scenario.machine is not None:
-            (folder / "machine.txt").write_text(scenario.machine, encoding="utf-8", newline="")
-            for machine in MACHINES.iterdir():
-                (folder / machine.name).symlink_to(machine)
+            put_machine(folder, scenario.machine)
             environment.setdefault("KVXINFO_MACHINE", "../machine.txt")
         command = [str((program_dir / scenario.program).resolve())]
         return run_in(folder, scenario, command, environment)
+
+
+def put_machine(folder: Path, description: str) -> None:
+    """Writes `folder/machine.txt`, and puts the described machines of the project beside it."""
+    (folder / "machine.txt").write_text(description, encoding="utf-8", newline="")
+    for machine in MACHINES.iterdir():
+        (folder / machine.name).symlink_to(machine)
 
 
 def run_in(folder: Path, scenario: Scenario, command: list[str], environment: dict[str, str]) -> Outcome:

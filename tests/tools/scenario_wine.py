@@ -1,24 +1,34 @@
 """Runs scenarios by the Windows program under Wine, over a registry and files that are made for real."""
 
+import shutil
 import subprocess
 import tempfile
 import time
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
+import wine_staging_devices
+import wine_staging_registry
+import wine_staging_services
+import wine_staging_user
+import wine_staging_volumes
+import wine_standins
 from machine_text import Staging, parse_machine, read_machine
 from scenario_compare import Outcome
 from scenario_file import Mistake, Scenario
-from scenario_run import MACHINES, ROOT, run_in
+from scenario_run import MACHINES, ROOT, put_machine, run_in
+from wine_staging import Orders, Tools, windows_path
+from wine_wording import as_windows_words_it
 
 WINE = ROOT / "tools" / "wine.sh"
 PRODUCT_KEY = r"HKEY_LOCAL_MACHINE\SOFTWARE\Norvel"
+SAMPLE = "[machine]\nbase = sample\n"
 EXPORT_HEAD = "Windows Registry Editor Version 5.00"
 
 
 def staging_of(scenario: Scenario) -> Staging:
     """What the machine of the scenario needs; raises Mistake when Wine cannot give it."""
-    staging = Staging()
+    staging = Staging(stages=scenario.stages, driver_fails=scenario.driver_fails)
     if scenario.machine is None:
         read_machine(MACHINES / "sample", staging)
     else:
@@ -29,9 +39,17 @@ def staging_of(scenario: Scenario) -> Staging:
 class Prefix:
     """A running Wine prefix: a Windows of its own, whose registry and drive C: can be given any content."""
 
-    def __init__(self, folder: Path):
+    def __init__(self, folder: Path, tools: Tools | None = None):
         self.folder = folder.resolve()
-        self.made: list[Path] = []
+        self.tools = tools or Tools(ROOT / "build" / "windows" / "staging")
+        # What a run that was ended by force left behind is taken back: its files, and all that its server knew.
+        self.list_of_made = self.folder / "made-by-tests.txt"
+        cut_off = self.list_of_made.exists()
+        left = self.list_of_made.read_text(encoding="utf-8").splitlines() if cut_off else []
+        self.made = [Path(line) for line in left]
+        self.drives: dict[str, wine_staging_volumes.Volume] | None = {} if cut_off else None
+        self.undo: list[str] = []
+        self.imported: list[str] | None = None
 
     def run(self, *command: str) -> None:
         """Runs a command of Windows. What stages may be repeated: a busy Wine server now and then refuses one."""
@@ -46,11 +64,21 @@ class Prefix:
 
     def stage(self, staging: Staging) -> None:
         """Makes the prefix as `staging` says; what an earlier call made is removed first."""
-        self.clear()
-        with tempfile.TemporaryDirectory(prefix="kvxinfo-staging-") as name:
-            text = "\r\n".join([EXPORT_HEAD, "", f"[-{PRODUCT_KEY}]", ""] + staging.registry) + "\r\n"
-            (Path(name) / "staged.reg").write_bytes(b"\xff\xfe" + text.encode("utf-16-le"))
-            self.run("reg", "import", f"{name}/staged.reg")
+        self.clear(drives="volumes" not in staging.stages)
+        orders = Orders()
+        if "volumes" in staging.stages:
+            self.prepare_drives(staging)
+            wine_staging_volumes.add_orders(staging, self.folder / "volumes", orders)
+        wine_staging_registry.add_orders(staging, orders)
+        if "services" in staging.stages:
+            wine_staging_services.stage_images(staging, self.tools)
+            wine_staging_services.add_orders(staging, orders)
+        if "devices" in staging.stages:
+            driver = self.tools.path(wine_staging_devices.DRIVER).read_bytes()
+            wine_staging_devices.add_orders(staging, driver, orders)
+            for letter in wine_staging_devices.opened_letters(staging.section("volumes")):
+                self.link_drive(letter)
+        self.import_registry(staging)
         for path, contents in staging.contents.items():
             self.create_file(path, contents)
         # A list of files names folders as well; below a folder stands something.
@@ -59,6 +87,76 @@ class Prefix:
                 self.create_folders(path)
             else:
                 self.create_file(path, b"")
+        self.undo = orders.undo
+        self.carry_out(orders.do)
+
+    def import_registry(self, staging: Staging) -> None:
+        """Makes the client's part of the registry, unless it is there from the last time."""
+        lines = [EXPORT_HEAD, "", f"[-{PRODUCT_KEY}]", "", *wine_staging_registry.importable(staging)]
+        if lines != self.imported:
+            with tempfile.TemporaryDirectory(dir=self.scratch()) as name:
+                path = Path(name) / "staged.reg"
+                path.write_bytes(b"\xff\xfe" + ("\r\n".join(lines) + "\r\n").encode("utf-16-le"))
+                self.run("reg", "import", windows_path(path))
+        self.imported = None if "registry" in staging.stages else lines
+
+    def carry_out(self, orders: list[str]) -> None:
+        """Lets the stager do what the orders say; raises Mistake with what it could not do."""
+        if not orders:
+            return
+        with tempfile.TemporaryDirectory(dir=self.scratch()) as name:
+            path = Path(name) / "orders.txt"
+            path.write_text("".join(line + "\n" for line in orders), encoding="utf-8")
+            command = [WINE, "run", self.folder, self.tools.path("stager.exe"), windows_path(path)]
+            outcome = subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                                     stderr=subprocess.STDOUT, timeout=60)
+        if outcome.returncode != 0:
+            raise Mistake(f"staging failed: {outcome.stdout.decode(errors='replace').strip()}")
+
+    def scratch(self) -> Path:
+        """Where files can be put that Windows shall find whatever drives there are."""
+        folder = self.folder / "drive_c" / "scratch"
+        folder.mkdir(parents=True, exist_ok=True)
+        return folder
+
+    def prepare_drives(self, staging: Staging) -> None:
+        """Makes what the drives are about. The server is started anew, with no drive but C:, unless those that it
+        lists can become others."""
+        volumes = wine_staging_volumes.volumes_of(staging)
+        starts = self.drives is None or not wine_staging_volumes.follows(volumes, self.drives)
+        if starts:
+            self.control("stop")
+            self.set_drives({})
+        wine_staging_volumes.prepare(staging, self.folder / "volumes", self.folder / "drive_c")
+        if starts:
+            self.control("start")
+        self.drives = volumes
+
+    def end_drives(self) -> None:
+        """Starts the server anew as other scenarios find it."""
+        self.control("stop")
+        wine_staging_volumes.prepare(Staging(), self.folder / "volumes", self.folder / "drive_c")
+        self.set_drives({"z:": "/"})
+        self.control("start")
+        self.drives = None
+
+    def control(self, action: str) -> None:
+        subprocess.run([WINE, action, self.folder], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                       stderr=subprocess.DEVNULL, timeout=60, check=action != "stop")
+
+    def set_drives(self, drives: dict[str, str]) -> None:
+        """Which drives there are beside C: when the server starts."""
+        folder = self.folder / "dosdevices"
+        for link in folder.glob("[abd-z]:*"):
+            link.unlink()
+        for name, target in drives.items():
+            (folder / name).symlink_to(target)
+
+    def link_drive(self, letter: str) -> None:
+        """Gives Wine an empty folder to open as the drive; the mount manager hears nothing of it."""
+        link = self.folder / "dosdevices" / f"{letter}:"
+        link.symlink_to(self.scratch())
+        self.remember(link)
 
     def create_folders(self, windows_path: str) -> Path:
         """Makes the folder and those above it, where they are not there yet."""
@@ -70,7 +168,7 @@ class Prefix:
             at = child(at, part)
             if not at.exists():
                 at.mkdir()
-                self.made.append(at)
+                self.remember(at)
         return at
 
     def create_file(self, windows_path: str, contents: bytes) -> None:
@@ -79,12 +177,25 @@ class Prefix:
         path = child(self.create_folders(folder), name)
         if not path.exists():
             path.write_bytes(contents)
-            self.made.append(path)
+            self.remember(path)
 
-    def clear(self) -> None:
+    def clear(self, drives: bool = True) -> None:
+        """Takes back what was staged; without `drives`, those stay until the server ends anyway."""
+        orders, self.undo = self.undo, []
+        self.carry_out(orders)
+        if drives and self.drives is not None:
+            self.end_drives()
+            self.imported = None
         for path in reversed(self.made):
-            path.rmdir() if path.is_dir() else path.unlink(missing_ok=True)
+            folder = path.is_dir() and not path.is_symlink()
+            path.rmdir() if folder else path.unlink(missing_ok=True)
         self.made.clear()
+        self.list_of_made.unlink(missing_ok=True)
+
+    def remember(self, path: Path) -> None:
+        self.made.append(path)
+        with self.list_of_made.open("a", encoding="utf-8") as file:
+            file.write(f"{path}\n")
 
 
 def child(folder: Path, name: str) -> Path:
@@ -107,7 +218,7 @@ def run_all(scenarios: list[Scenario], program_dir: Path, prefix: Prefix,
             groups.setdefault(staging.key(), (staging, []))[1].append(scenario)
         except Mistake as mistake:
             outcomes[scenario.path] = mistake
-    for staging, members in groups.values():
+    for staging, members in sorted(groups.values(), key=lambda group: drives_in(group[0])):
         try:
             prefix.stage(staging)
         except Mistake as mistake:
@@ -120,7 +231,50 @@ def run_all(scenarios: list[Scenario], program_dir: Path, prefix: Prefix,
     return [outcomes[scenario.path] for scenario in scenarios]
 
 
+def add_environment(environment: dict[str, str], more: dict[str, str]) -> None:
+    """Adds variables; of libraries, those that are there already stay."""
+    libraries = [names["WINEDLLOVERRIDES"] for names in (environment, more) if "WINEDLLOVERRIDES" in names]
+    environment |= more
+    if libraries:
+        environment["WINEDLLOVERRIDES"] = ";".join(libraries)
+
+
+def drives_in(staging: Staging) -> int:
+    """The order of groups that starts fewest servers: those that need drives last, with more drives later."""
+    return len(staging.section("volumes")) if "volumes" in staging.stages else 0
+
+
 def run_one(scenario: Scenario, program_dir: Path, prefix: Prefix) -> Outcome:
+    """Runs the program over what is staged; what it gives is worded as Windows would have it."""
+    outcome = run_staged(scenario, program_dir, prefix)
+    if scenario.stages:
+        outcome.console = as_windows_words_it(outcome.console)
+        outcome.report = as_windows_words_it(outcome.report)
+        outcome.log = as_windows_words_it(outcome.log)
+    return outcome
+
+
+def run_staged(scenario: Scenario, program_dir: Path, prefix: Prefix) -> Outcome:
+    """Runs the program over what is staged, with the stand-in libraries and as the user that the scenario has."""
     program = (program_dir / f"{scenario.program}.exe").resolve()
-    with tempfile.TemporaryDirectory(prefix="kvxinfo-scenario-") as name:
-        return run_in(Path(name), scenario, [str(WINE), "run", str(prefix.folder), str(program)], {})
+    # Where there may be no other drive.
+    place = prefix.scratch() if "volumes" in scenario.stages else None
+    with tempfile.TemporaryDirectory(prefix="kvxinfo-scenario-", dir=place) as name:
+        folder = Path(name)
+        command, environment = [str(WINE), "run", str(prefix.folder)], dict(scenario.environment)
+        if place:
+            program = Path(shutil.copy(program, folder))
+        environment |= wine_standins.environment_of(scenario, folder)
+        if scenario.stages:
+            put_machine(folder, scenario.machine or SAMPLE)
+            staging = staging_of(scenario)
+            user = wine_staging_user.user_of(staging)
+            command += wine_staging_user.launcher(user, prefix.tools)
+            environment |= wine_staging_user.environment_of(user)
+            add_environment(environment, wine_staging_services.environment_of(staging))
+        command.append(windows_path(program) if place else str(program))
+        outcome = run_in(folder, scenario, command, environment)
+        if scenario.stages:
+            outcome.others = wine_standins.differences(scenario, folder)
+            outcome.notes = wine_standins.notes(scenario, folder)
+        return outcome

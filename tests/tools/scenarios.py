@@ -8,11 +8,15 @@ from pathlib import Path
 
 import scenario_list
 import scenario_wine
+import wine_staging_services
+import wine_standins
 from scenario_compare import Outcome, console_lines, differences, log_lines, report_lines, stderr_lines
 from scenario_file import Mistake, Scenario, find, read
 from scenario_run import ROOT, run_natively
+from wine_staging import Tools
 
 SCENARIOS = ROOT / "tests" / "scenarios"
+WINDOWS_SCENARIOS = ROOT / "tests" / "windows" / "scenarios"
 PAGE = ROOT / "docs" / "scenarios.md"
 
 
@@ -28,7 +32,10 @@ def read_all(paths: list[Path]) -> tuple[list[Scenario], list[Mistake]]:
 
 def outcomes_of(scenarios: list[Scenario], options: argparse.Namespace) -> list[Outcome | Mistake]:
     if options.wine:
-        prefix = scenario_wine.Prefix(options.wine)
+        prefix = scenario_wine.Prefix(options.wine, Tools(options.program_dir.resolve().parent / "staging"))
+        if options.staged:
+            wine_standins.prepare(prefix.folder, prefix.tools.folder)
+            wine_staging_services.put_library(prefix.folder, prefix.tools)
         return scenario_wine.run_all(scenarios, options.program_dir, prefix, options.jobs)
     with ThreadPoolExecutor(options.jobs) as pool:
         return list(pool.map(lambda scenario: run_natively(scenario, options.program_dir), scenarios))
@@ -36,9 +43,11 @@ def outcomes_of(scenarios: list[Scenario], options: argparse.Namespace) -> list[
 
 def run(options: argparse.Namespace) -> int:
     """Runs scenarios and tells what differs; 0 when at least one ran and all passed."""
-    scenarios, mistakes = read_all(options.paths or [SCENARIOS])
+    paths = options.paths or ([SCENARIOS, WINDOWS_SCENARIOS] if options.wine else [SCENARIOS])
+    scenarios, mistakes = read_all(paths)
     if options.wine:
-        scenarios = [scenario for scenario in scenarios if scenario.wine]
+        scenarios = [scenario for scenario in scenarios
+                     if scenario.wine and bool(scenario.stages) == options.staged]
     for mistake in mistakes:
         print(f"FAILED {mistake}\n")
     failed = len(mistakes)
@@ -47,6 +56,8 @@ def run(options: argparse.Namespace) -> int:
         if found:
             failed += 1
             print(f"FAILED {scenario.path}: {scenario.sentence}", *found, "", sep="\n")
+        elif outcome.notes:
+            print(*outcome.notes, sep="\n")
     passed = len(scenarios) + len(mistakes) - failed
     print(f"{passed} passed, {failed} failed")
     return 0 if failed == 0 and passed > 0 else 1
@@ -95,6 +106,8 @@ def add_running(parser: argparse.ArgumentParser) -> None:
                         help="folder of the programs (build/native/bin)")
     parser.add_argument("--wine", type=Path, metavar="PREFIX",
                         help="run the Windows programs under Wine, in this started prefix")
+    parser.add_argument("--staged", action="store_true",
+                        help="with --wine: run those scenarios for which more is made than registry and files")
     parser.add_argument("--jobs", type=int, default=2, help="how many run at the same time (2)")
 
 

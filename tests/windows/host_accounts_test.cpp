@@ -8,6 +8,7 @@
 #include "runtime/host/host.h"
 #include "runtime/host/os.h"
 #include "runtime/host/paging.h"
+#include "tests/runtime/host/domain_named.h"
 
 namespace {
 
@@ -94,7 +95,7 @@ TEST(HostAccounts, MembershipNamesADomainOrAWorkgroup) {
 
 TEST(HostAccounts, ADomainThatIsNotThereHasNoController) {
     if (host::membership().value.joined) GTEST_SKIP() << "would search the network";
-    const auto answer = host::domainController(L"KVXTESTNONE", true, false);
+    const auto answer = host::domainController(domainNamed(L"KVXTESTNONE"), true, false);
     EXPECT_TRUE(answer.unanswered());
     EXPECT_NE(answer.failure.code, 0U);
 }

@@ -67,7 +67,27 @@ TEST(HostSystem, Windows11IsCalledSo) {
     EXPECT_EQ(productName(L"Windows 10 Pro", windows10), L"Windows 10 Pro");
     EXPECT_EQ(productName(L"Windows 10 Pro", windows11), L"Windows 11 Pro");
     EXPECT_EQ(productName(L"Windows Server 2025 Standard", server2025), L"Windows Server 2025 Standard");
-    EXPECT_EQ(productName(L"", windows11), L"Windows");
+    EXPECT_EQ(productName(L"", windows11), L"Windows 11");
+    EXPECT_EQ(productName(L"", windows10), L"Windows 10");
+    EXPECT_EQ(productName(L"", {6, 3, 9600}), L"Windows");
+}
+
+TEST(HostSystem, TheBuildDecidesTheNameOfAServer) {
+    const auto server = [](std::uint32_t build) {
+        return KernelVersion{10, 0, build, KernelVersion::Role::domainController};
+    };
+    EXPECT_EQ(productName(L"Windows Server 2016 Standard", server(14393)), L"Windows Server 2016 Standard");
+    EXPECT_EQ(productName(L"Windows Server 2019 Datacenter", server(17763)),
+              L"Windows Server 2019 Datacenter");
+    EXPECT_EQ(productName(L"Windows Server 2022 Datacenter", server(25398)),
+              L"Windows Server 23H2 Datacenter");
+    EXPECT_EQ(productName(L"Windows Server 2022", server(26100)), L"Windows Server 2025");
+    EXPECT_EQ(productName(L"Windows Server 2012 R2 Essentials", {6, 3, 9600, KernelVersion::Role::server}),
+              L"Windows Server 2012 R2 Essentials");
+    EXPECT_EQ(productName(L"Hyper-V Server 2019", server(17763)), L"Hyper-V Server 2019");
+    EXPECT_EQ(productName(L"Windows Server Standard", server(18363)), L"Windows Server Standard");
+    EXPECT_EQ(productName(L"", server(20348)), L"Windows Server 2022");
+    EXPECT_EQ(productName(L"", server(99999)), L"Windows Server");
 }
 
 TEST(HostSystem, TheCodePageHasANumberAndItsNameAlone) {

@@ -57,7 +57,7 @@ void QuotaGroups::tryTable(const host::Account& account, std::size_t index, cons
     const auto read = [this](const ListedAccounts& accounts) { return readTable(accounts); };
     const auto taken = m_memberships.tryOnce(index, read, agrees);
     if (taken.found()) return;
-    QVLog::mf_writeMessage(QVLogData::LEVEL_L, L"QVQuotaConfiguration::mf_getQuota", L"%s",
+    QVLog::mf_writeMessage(QVLogData::LEVEL_W, L"QVQuotaConfiguration::mf_getQuota", L"%s",
                            reasonText(taken, formatted(L"the members of the groups are not used after '%s'",
                                                        account.name.c_str())));
 }

@@ -1,7 +1,7 @@
 #include "runtime/base/QVErrno.h"
 
+#include "runtime/base/system_error.h"
 #include "runtime/host/answer.h"
-#include "runtime/host/host.h"
 
 constinit const QVErrnoValue QVErrno::_E_::Unknown{1};
 constinit const QVErrnoValue QVErrno::_E_::System{2};
@@ -59,10 +59,7 @@ const CString QVErrno::mf_toString() const noexcept try {
     const std::wstring originator = m_data.mf_getOriginatorMessage();
     const bool told = text.ends_with(originator);  // by a message that has it as its insert
     if (!told) text += (text.empty() ? L"" : L": ") + originator;
-    if (m_data.m_systemError != 0) {
-        text += formatText(L", system error %u: ", m_data.m_systemError) +
-                host::systemErrorText(m_data.m_systemError);
-    }
+    text += systemErrorPhrase(m_data.m_systemError);
     return CString(inOneLine(std::move(text)));
 } catch (...) {
     return {};

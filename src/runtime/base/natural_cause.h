@@ -5,8 +5,8 @@
 #include "runtime/base/CString.h"
 #include "runtime/base/QVErrno.h"
 #include "runtime/base/QVLog.h"
+#include "runtime/base/system_error.h"
 #include "runtime/host/answer.h"
-#include "runtime/host/host.h"
 
 /// `what` and the reason of an answer without value, in one line, as an error's text would have it.
 template <class Value>
@@ -24,11 +24,7 @@ CString unknownFact(const host::Answer<Value>& answer, const CString& unknown = 
     CString text = unknown;
     const host::Failure& failure = answer.failure;
     if (!failure.text.empty()) text += formatted(L": %s", failure.text.c_str());
-    if (failure.code != 0) {
-        text +=
-            formatted(L", system error %u: %s", failure.code, host::systemErrorText(failure.code).c_str());
-    }
-    return text;
+    return text + CString(systemErrorPhrase(failure.code));
 }
 
 /// Records at level W why an operation answers "failed" instead of throwing: the report shows that there is no answer,

@@ -31,7 +31,11 @@ const CString QVCluster::mf_toString(const CString& indent) {
     if (operation::answersZero(L"QVCluster::mf_toString")) return {};
     const auto cluster = host::cluster();
     if (cluster.isMissing()) return indent + L"This computer is not a node of a cluster.";
-    if (!cluster.found()) return indent + unknownFact(cluster, L"The cluster service does not answer");
+    if (!cluster.found()) {
+        const bool refused = cluster.status == host::Status::refused;
+        return indent + unknownFact(cluster, refused ? L"The cluster service refuses to answer"
+                                                     : L"The cluster service does not answer");
+    }
     FactLines lines(indent, 9);
     lines.add(L"Cluster:", CString(cluster.value.name));
     addAll(lines, L"Nodes:", cluster.value.nodes);

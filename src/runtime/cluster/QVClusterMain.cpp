@@ -27,6 +27,7 @@ void QVClusterMain::mf_startCluster(int flags) {
     if (operation::answersZero(L"QVClusterMain::mf_startCluster", formatted(L"%d", flags))) return;
     const auto node = host::clusterNode();
     if (node.isMissing()) raise(QVErrno::_E_::Unspecific, L"this computer is not a node of a cluster");
+    if (node.status == host::Status::refused) raise(node.failure, L"the cluster service refuses to answer");
     if (!node.found()) raise(node.failure, L"the cluster service does not answer");
 }
 

@@ -39,15 +39,16 @@ unsigned long QVDevice::mf_queryDriverVersion() {
     if (!imagePath) raise(QVErrno::_E_::Unspecific, L"the driver was not started");
     const auto version = host::fileVersion(*imagePath);
     const CString image(*imagePath);
-    if (version.isMissing() && host::fileKind(*imagePath).isMissing()) {
-        raise(QVErrno::_E_::System, formatted(L"driver image '%s' is missing", image), errorFileNotFound);
-    }
+    const CString unread = formatted(L"the version of driver image '%s' cannot be read", image);
     if (version.isMissing()) {
+        const auto file = host::fileKind(*imagePath);
+        if (file.unanswered()) raise(file.failure, unread);
+        if (file.isMissing())
+            raise(QVErrno::_E_::System, formatted(L"driver image '%s' is missing", image), errorFileNotFound);
         raise(QVErrno::_E_::System, formatted(L"driver image '%s' has no version", image),
               errorResourceTypeNotFound);
     }
-    if (!version.found())
-        raise(version.failure, formatted(L"the version of driver image '%s' cannot be read", image));
+    if (!version.found()) raise(version.failure, unread);
     return QVVersion::pack(
         {version.value.major, version.value.minor, version.value.build, version.value.revision});
 }

@@ -89,6 +89,8 @@ struct Account {
     std::wstring domain;  ///< "CORP", the computer's name, "BUILTIN"
     std::wstring name;
     Sid sid;
+
+    bool operator==(const Account& other) const = default;
 };
 
 /// Where accounts are asked for: at this computer, or at a domain controller.
@@ -102,6 +104,7 @@ struct Page {
     std::vector<Item> items;
     std::uint64_t next = 0;  ///< the cursor that continues the list
     bool more = false;
+    bool nextIsHandle = false;  ///< `next` is the system's own and may be the same for every page
 };
 using AccountPage = Page<Account>;
 
@@ -120,6 +123,7 @@ struct VolumeFacts {
     std::wstring device;                ///< "\\?\Volume{...}\"
     std::optional<wchar_t> letter;      ///< in capitals
     std::vector<std::wstring> folders;  ///< mount folders, sorted, each with "\" at its end
+    Answer<Done> paths = Done{};        ///< found: letter and folders are all that there are
     DriveType type = DriveType::unknown;
     Answer<std::wstring>
         fileSystem;  ///< as the system spells it; `failed` with a code for a drive that cannot tell

@@ -157,9 +157,10 @@ Answer<CodePageFacts> ansiCodePage();
 /// Whether this computer is joined to a domain; a local question. Windows: DsRoleGetPrimaryDomainInformation.
 Answer<Membership> membership();
 
-/// The name of a controller of `domainName`, without leading "\\"; the primary one with `primary`. `rediscover` when
-/// the last answer proved useless. Windows: DsGetDcNameW.
-Answer<std::wstring> domainController(const std::wstring& domainName, bool primary, bool rediscover);
+/// The name of a controller of the domain that `membership` told, without leading "\\"; the primary one's computer
+/// name with `primary`. `rediscover` when the last answer proved useless. Missing without a domain: nothing is
+/// searched for then. Windows: DsGetDcNameW.
+Answer<std::wstring> domainController(const Membership& membership, bool primary, bool rediscover);
 
 /// The user accounts there; machine and trust accounts are left out. Windows: NetQueryDisplayInformation,
 /// LsaQueryInformationPolicy, NetUserModalsGet.
@@ -169,11 +170,12 @@ Answer<AccountPage> users(const AccountSource& source, std::uint64_t cursor);
 /// Windows: NetLocalGroupEnum, LsaLookupNames2.
 Answer<AccountPage> localGroups(const AccountSource& source, std::uint64_t cursor);
 
-/// The groups of `localGroups` to which the account belongs, directly or through other groups.
+/// The groups of `localGroups` to which the account belongs, directly or through other groups. Missing when no such
+/// account is known there.
 /// Windows: NetUserGetLocalGroups with LG_INCLUDE_INDIRECT.
 Answer<std::vector<Account>> localGroupsOf(const AccountSource& source, const Account& user);
 
-/// The global groups to which the account belongs directly, its primary group included.
+/// The global groups to which the account belongs directly, its primary group included. Missing as above.
 /// Windows: NetUserGetGroups.
 Answer<std::vector<Account>> globalGroupsOf(const AccountSource& source, const Account& user);
 

@@ -1,5 +1,7 @@
 #include "runtime/util/QVDomainController.h"
 
+#include <algorithm>
+#include <iterator>
 #include <optional>
 
 #include "runtime/base/QVErrno.h"
@@ -26,9 +28,20 @@ Instance& requireInstance() {
 }
 
 host::Answer<host::AccountSource> locate(bool again) {
-    const auto name = host::domainController(QVDomainController::membership().domainName, false, again);
+    const host::Membership& membership = QVDomainController::membership();
+    if (membership.domainController) return host::AccountSource{};  // this computer itself
+    const auto name = host::domainController(membership, false, again);
     if (!name.found()) return host::Answer<host::AccountSource>::without(name);
     return host::AccountSource{name.value};
+}
+
+/// Whether a code says that the other computer was not reached or did not go on. Any other code is an answer of its.
+bool saysLost(std::uint32_t code) {
+    static constexpr std::uint32_t codes[] = {
+        51,   53,   54,   55,   59,   64,   65,   67,   121,  1130, 1231,
+        1232, 1311, 1355, 1717, 1722, 1726, 1727, 1753, 1818, 1908, 2453,
+    };
+    return std::find(std::begin(codes), std::end(codes), code) != std::end(codes);
 }
 
 }  // namespace
@@ -58,7 +71,7 @@ const CString& QVDomainController::mf_getDomainName() {
 
 const CString QVDomainController::mf_getPDCName() {
     if (operation::answersZero(L"QVDomainController::mf_getPDCName")) return {};
-    const auto name = host::domainController(membership().domainName, true, false);
+    const auto name = host::domainController(membership(), true, false);
     if (!name.found()) raise(name.failure, L"no primary domain controller was found");
     return CString(name.value);
 }
@@ -94,12 +107,17 @@ host::Answer<host::AccountSource> QVDomainController::accountSource() {
     return *current.source;
 }
 
-bool QVDomainController::canRediscover() {
-    return !requireInstance().rediscovered;
+bool QVDomainController::isLost(const host::AccountSource& source, const host::Failure& failure) {
+    return !source.server.empty() && saysLost(failure.code);
 }
 
-void QVDomainController::rediscover() {
+bool QVDomainController::lookForAnother(const host::Failure& lost) {
     Instance& current = requireInstance();
+    if (current.rediscovered) {
+        current.source = host::Answer<host::AccountSource>::failed(lost.code, lost.text);
+        return false;
+    }
     current.rediscovered = true;
     current.source.reset();
+    return true;
 }

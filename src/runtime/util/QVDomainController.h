@@ -37,17 +37,13 @@ public:
     /// Asked for many accounts of the last list, it costs no question for each.
     static host::Answer<std::vector<host::Account>> domainLocalGroupsOf(const host::Account& account);
 
-    /// Where the domain's accounts can be asked for: a controller of the domain, located at first use. `failed` or
-    /// `missing` when there is none.
+    /// Where the domain's accounts can be asked for: a controller of the domain, located at first use; this computer
+    /// where it is one itself. `failed` or `missing` when there is none.
     static host::Answer<host::AccountSource> accountSource();
 
-    /// Looks for another controller at the next use, because the one that was located proved useless. That is done once
-    /// while the instance lives; `canRediscover` tells whether it can still be.
-    static void rediscover();
-    static bool canRediscover();
-
-    /// Asks the domain: `ask(source)` gives an `Answer`. When it fails (and was not refused), it is asked once more with
-    /// another controller.
+    /// Asks the domain: `question(source)` gives an `Answer`. When the controller proves lost, it is put once more, to
+    /// another one. That is done once while the instance lives: when that one is lost too, this and all later
+    /// questions end as it did, and nobody waits for it again.
     template <class Ask>
     static auto ask(Ask question) -> decltype(question(host::AccountSource{})) {
         using Reply = decltype(question(host::AccountSource{}));
@@ -55,8 +51,14 @@ public:
             const auto source = accountSource();
             if (!source.found()) return Reply::without(source);
             Reply reply = question(source.value);
-            if (reply.status != host::Status::failed || !canRediscover()) return reply;
-            rediscover();
+            const bool lost = reply.status == host::Status::failed && isLost(source.value, reply.failure);
+            if (!lost || !lookForAnother(reply.failure)) return reply;
         }
     }
+
+private:
+    static bool isLost(const host::AccountSource& source, const host::Failure& failure);
+
+    /// Drops the controller; true when another one is located at the next use.
+    static bool lookForAnother(const host::Failure& lost);
 };

@@ -17,12 +17,20 @@ struct Service {
 
 std::optional<Service> service;
 
+/// What stands in the list for volumes that are not known: an empty list would say that there are none.
+host::VolumeFacts unlisted(const host::Answer<std::vector<host::VolumeFacts>>& answer) {
+    host::VolumeFacts volume;
+    volume.fileSystem = host::Answer<std::wstring>::without(answer);
+    return volume;
+}
+
 void askOnce(Service& current) {
     if (current.asked) return;
     const auto answer = host::volumes();
     if (!answer.found())
         logNaturalCause(L"QVStorage::mf_getVolumes", answer, L"the volumes cannot be listed");
     std::vector<std::unique_ptr<QVVolume>> volumes;
+    if (answer.unanswered()) volumes.push_back(std::make_unique<QVVolume>(unlisted(answer)));
     for (const host::VolumeFacts& facts : answer.value)
         volumes.push_back(std::make_unique<QVVolume>(facts));
     current.volumes = std::move(volumes);

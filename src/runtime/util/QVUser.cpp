@@ -23,6 +23,13 @@ host::Answer<host::Done> fill(QVArray<QVUser*, QVUser*>& list, const host::Accou
     return result;
 }
 
+CString whyNoGroups(const host::Answer<std::vector<host::Account>>& groups, const wchar_t* which,
+                    const CString& user) {
+    if (groups.isMissing())
+        return formatted(L"%s of '%s' cannot be listed: no such user is known", which, user);
+    return formatted(L"%s of '%s' cannot be listed", which, user);
+}
+
 }  // namespace
 
 int QVUser::mf_getComputerUserList(QVArray<QVUser*, QVUser*>& list) {
@@ -50,7 +57,7 @@ int QVUser::mf_getComputerGroupList(QVArray<QVGroup*, QVGroup*>& list) {
         return 1;
     }
     logNaturalCause(L"QVUser::mf_getComputerGroupList", groups,
-                    formatted(L"the local groups of '%s' cannot be listed", fullName()));
+                    whyNoGroups(groups, L"the local groups", fullName()));
     return 0;
 }
 
@@ -62,6 +69,6 @@ int QVUser::mf_getDomainLocalGroupList(QVArray<QVGroup*, QVGroup*>& list) {
         return 1;
     }
     logNaturalCause(L"QVUser::mf_getDomainLocalGroupList", groups,
-                    formatted(L"the domain-local groups of '%s' cannot be listed", fullName()));
+                    whyNoGroups(groups, L"the domain-local groups", fullName()));
     return 0;
 }

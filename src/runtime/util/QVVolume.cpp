@@ -47,16 +47,26 @@ void addFact(FactLines& lines, const wchar_t* label, const host::Answer<Value>& 
 
 CString QVVolume::name() const {
     if (m_facts.letter) return formatted(L"%c:", *m_facts.letter);
-    return CString(m_facts.folders.empty() ? m_facts.device : m_facts.folders.front());
+    if (!m_facts.folders.empty()) return CString(m_facts.folders.front());
+    return isListed() ? CString(m_facts.device) : CString(L"(not listed)");
+}
+
+bool QVVolume::isListed() const {
+    return m_facts.letter || !m_facts.folders.empty() || !m_facts.device.empty();
 }
 
 const CString QVVolume::mf_toString(const CString& prefix) const {
     if (operation::answersZero(L"QVVolume::mf_toString", name())) return {};
+    if (!isListed()) return prefix + unknownFact(m_facts.fileSystem, L"The volumes cannot be listed");
     FactLines lines(prefix, 13);
     if (m_facts.letter) lines.add(L"Drive:", name());
     for (const std::wstring& folder : m_facts.folders)
         lines.add(L"Mounted in:", CString(folder));
-    if (!m_facts.letter && m_facts.folders.empty()) lines.add(L"Drive:", L"(none)");
+    if (!m_facts.paths.found()) {
+        lines.add(L"Drive:", unknownFact(m_facts.paths));
+    } else if (!m_facts.letter && m_facts.folders.empty()) {
+        lines.add(L"Drive:", L"(none)");
+    }
     if (!m_facts.device.empty()) lines.add(L"Volume:", CString(m_facts.device));
     addFact(lines, L"Label:", m_facts.label, m_facts);
     lines.add(L"Type:", typeText(m_facts.type));
@@ -78,6 +88,8 @@ const CString QVVolume::mf_getFileSystemName() const {
 
 wchar_t QVVolume::mf_getDriveLetter() const {
     if (operation::answersZero(L"QVVolume::mf_getDriveLetter", name())) return 0;
-    if (!m_facts.letter) raise(QVErrno::_E_::Path, formatted(L"volume %s has no drive letter", name()));
-    return *m_facts.letter;
+    if (m_facts.letter) return *m_facts.letter;
+    if (!m_facts.paths.found())
+        raise(m_facts.paths.failure, formatted(L"the drive letter of volume %s is unknown", name()));
+    raise(QVErrno::_E_::Path, formatted(L"volume %s has no drive letter", name()));
 }

@@ -16,12 +16,14 @@ public:
     /// "NTFS", as the system spells it. Throws `QVErrno` when the volume does not tell (empty drive, locked, ...).
     const CString mf_getFileSystemName() const;
 
-    /// In capitals. Throws `QVErrno` for a volume without a drive letter.
+    /// In capitals. Throws `QVErrno` for a volume without a drive letter, or where it cannot be learnt.
     wchar_t mf_getDriveLetter() const;
 
 private:
     /// Names the volume: "C:", its first mount folder, or its device.
     CString name() const;
+    /// False for what stands in place of volumes that the system does not list.
+    bool isListed() const;
 
     host::VolumeFacts m_facts;
 };

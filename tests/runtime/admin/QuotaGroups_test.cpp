@@ -138,7 +138,7 @@ TEST_F(QuotaGroupsTest, AnAccountOfThisComputerDoesNotCountAsItsNamesakeOfTheDom
 
 TEST_F(QuotaGroupsTest, WhereMembersCannotBeReadEachAccountIsAskedForAlone) {
     for (const char* cause : {"[groups]\n! refused carol\n", "[domain groups]\n! refused carol\n",
-                              "[global groups]\n! error 1722 carol\n"}) {
+                              "[global groups]\n! error 1332 carol\n"}) {
         start(std::string(company) + cause);
         giveEntries({"WS01\\Testers", "CORP\\Readers"});
         ASSERT_EQ(QVUser::mf_getDomainUserList(m_users), 1);

@@ -102,4 +102,14 @@ TEST(Raise, AHostsFailureBecomesASystemError) {
     }
 }
 
+TEST(QVErrno, LargeCodesStandInHexadecimal) {
+    const auto textOf = [](std::uint32_t code) {
+        return QVErrno(QVErrnoData(QVErrno::_E_::System), code).mf_toString().units();
+    };
+    EXPECT_TRUE(textOf(0x7FFFFFFFU).starts_with(L"System call failed, system error 2147483647: "))
+        << testing::PrintToString(textOf(0x7FFFFFFFU));
+    EXPECT_TRUE(textOf(0x80310000U).starts_with(L"System call failed, system error 0x80310000: "))
+        << testing::PrintToString(textOf(0x80310000U));
+}
+
 }  // namespace

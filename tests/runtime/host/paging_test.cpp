@@ -107,3 +107,65 @@ TEST(ReadPages, PassesOnRefusedAndMissing) {
     const Reading missing = read([](std::uint64_t) { return host::Answer<Numbers>::missing(); });
     EXPECT_TRUE(missing.end.isMissing());
 }
+
+namespace {
+
+Numbers pageOfHandle(std::vector<int> items) {
+    Numbers result = page(std::move(items), 42, true);
+    result.nextIsHandle = true;
+    return result;
+}
+
+}  // namespace
+
+TEST(ReadPages, TakesAHandleThatStaysAsItIs) {
+    int asked = 0;
+    const Reading reading = read([&](std::uint64_t cursor) {
+        EXPECT_EQ(cursor, asked == 0 ? 0U : 42U);
+        Numbers next = pageOfHandle({asked * 2, asked * 2 + 1});
+        next.more = ++asked < 4;
+        return next;
+    });
+    EXPECT_TRUE(reading.end.found());
+    EXPECT_EQ(reading.taken, (std::vector<int>{0, 1, 2, 3, 4, 5, 6, 7}));
+}
+
+TEST(ReadPages, EndsWhenAHandleGivesTheSamePageAgain) {
+    int asked = 0;
+    const Reading reading = read([&](std::uint64_t) { return pageOfHandle({++asked < 6 ? asked : 6, 9}); });
+    EXPECT_EQ(reading.end.status, host::Status::failed);
+    EXPECT_EQ(reading.end.failure.text, L"the list makes no progress");
+    EXPECT_EQ(reading.cursors.size(), 7U);
+}
+
+TEST(ReadPages, EndsWhenPagesOfAHandleGoRoundInACircle) {
+    int asked = 0;
+    const Reading reading = read([&](std::uint64_t) { return pageOfHandle({asked++ % 5}); });
+    EXPECT_EQ(reading.end.status, host::Status::failed);
+    EXPECT_EQ(reading.end.failure.text, L"the list makes no progress");
+}
+
+TEST(ReadPages, EndsWhenThePageComesAgainAndAgainThoughTheCursorMoves) {
+    const Reading reading = read([](std::uint64_t cursor) { return page({1, 2}, cursor + 2, true); });
+    EXPECT_EQ(reading.end.status, host::Status::failed);
+    EXPECT_EQ(reading.end.failure.text, L"the list makes no progress");
+    EXPECT_EQ(reading.cursors.size(), 52U);
+}
+
+TEST(ReadPages, TakesAnItemThatAListHoldsTwice) {
+    const Reading reading = read([](std::uint64_t cursor) { return page({7}, cursor + 1, cursor < 3); });
+    EXPECT_TRUE(reading.end.found());
+    EXPECT_EQ(reading.taken, (std::vector<int>{7, 7, 7, 7}));
+}
+
+TEST(ReadPages, EndsAListThatDoesNotEnd) {
+    int taken = 0;
+    const auto end = host::readPages<int>(
+        [](std::uint64_t cursor) {
+            return host::Answer<Numbers>(page({static_cast<int>(cursor), 1, 2}, cursor + 3, true));
+        },
+        [&](int) { ++taken; }, 1000);
+    EXPECT_EQ(end.status, host::Status::failed);
+    EXPECT_EQ(end.failure.text, L"the list does not end");
+    EXPECT_EQ(taken, 1002);
+}

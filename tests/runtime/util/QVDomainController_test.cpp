@@ -41,7 +41,6 @@ TEST_F(QVDomainControllerTest, NothingIsAnsweredUnlessStarted) {
     EXPECT_EQ(errorOf([] { QVDomainController::mf_getDomainName(); }), refusal);
     EXPECT_EQ(errorOf([] { QVDomainController::mf_getPDCName(); }), refusal);
     EXPECT_EQ(errorOf([] { QVDomainController::accountSource(); }), refusal);
-    EXPECT_EQ(errorOf([] { QVDomainController::canRediscover(); }), refusal);
     EXPECT_EQ(QVDomainController::listedUsers(), nullptr);
 }
 
@@ -92,24 +91,45 @@ TEST_F(QVDomainControllerTest, AControllerIsLocatedOnce) {
     EXPECT_EQ(described::remoteQuestions(), 1U);
 }
 
-TEST_F(QVDomainControllerTest, AnotherControllerIsLookedForOnceInAnInstance) {
+TEST_F(QVDomainControllerTest, ALostControllerIsReplacedOnceAndThenNotAskedAgain) {
     startOn(member);
-    EXPECT_TRUE(QVDomainController::canRediscover());
     EXPECT_EQ(timesAsked(Reply::failed(1722)), 2);
     EXPECT_EQ(described::remoteQuestions(), 2U);
-    EXPECT_FALSE(QVDomainController::canRediscover());
-    EXPECT_EQ(timesAsked(Reply::failed(1722)), 1);
+    EXPECT_EQ(timesAsked(Reply::failed(1722)), 0);
+    EXPECT_EQ(QVDomainController::accountSource().failure.code, 1722U);
     EXPECT_EQ(described::remoteQuestions(), 2U);
     QVDomainController::stop();
     QVDomainController::start();
     EXPECT_EQ(timesAsked(Reply::failed(1722)), 2);
 }
 
-TEST_F(QVDomainControllerTest, ARefusalAndAnEmptyAnswerNeedNoOtherController) {
+TEST_F(QVDomainControllerTest, AnAnswerOfTheControllerNeedsNoOtherOne) {
     startOn(member);
     EXPECT_EQ(timesAsked(Reply::refused(5)), 1);
     EXPECT_EQ(timesAsked(Reply::missing()), 1);
-    EXPECT_TRUE(QVDomainController::canRediscover());
+    EXPECT_EQ(timesAsked(Reply::failed(1332)), 1);
+    EXPECT_EQ(timesAsked(Reply::failed(0, L"the list makes no progress")), 1);
+    EXPECT_EQ(described::remoteQuestions(), 1U);
+}
+
+TEST_F(QVDomainControllerTest, AControllerAsksItself) {
+    startOn("[system]\ncomputer = DC02\n[domain]\njoined = yes\nname = CORP\nrole = controller\n");
+    EXPECT_EQ(QVDomainController::accountSource().value.server, L"");
+    int times = 0;
+    QVDomainController::ask([&](const host::AccountSource&) {
+        ++times;
+        return Reply::failed(1722);
+    });
+    EXPECT_EQ(times, 1);
+    EXPECT_EQ(described::remoteQuestions(), 0U);
+}
+
+TEST_F(QVDomainControllerTest, NothingIsSearchedForWithoutADomain) {
+    startOn("[domain]\nworkgroup = HOME\ncontroller = DC02\n");
+    EXPECT_TRUE(QVDomainController::accountSource().isMissing());
+    EXPECT_TRUE(holds(errorOf([] { QVDomainController::mf_getPDCName(); }),
+                      L"no primary domain controller was found"));
+    EXPECT_EQ(described::remoteQuestions(), 0U);
 }
 
 TEST_F(QVDomainControllerTest, WithoutAControllerTheQuestionIsNotPut) {

@@ -1,4 +1,5 @@
 #include "runtime/util/QVStorage.h"
+#include "tests/runtime/error_of.h"
 #include "tests/runtime/host/described/machine_fixture.h"
 
 namespace {
@@ -29,10 +30,16 @@ TEST_F(QVStorageDescribed, TheSystemIsAskedOnceAfterEachStart) {
     EXPECT_EQ(letters(), L"E");
 }
 
-TEST_F(QVStorageDescribed, ASystemThatDoesNotListItsVolumesGivesNone) {
+TEST_F(QVStorageDescribed, OneStandsForVolumesThatTheSystemDoesNotList) {
     describe("[volumes]\nC: = fixed NTFS\n! error 5\n");
     QVStorage::start();
-    EXPECT_EQ(letters(), L"");
+    QVArray<QVVolume*> volumes;
+    QVStorage::mf_getVolumes(volumes);
+    ASSERT_EQ(volumes.GetSize(), 1);
+    EXPECT_EQ(volumes[0]->mf_toString(L"  "),
+              L"  The volumes cannot be listed, system error 5: Access is denied.");
+    EXPECT_TRUE(holds(errorOf([&] { volumes[0]->mf_getFileSystemName(); }), L"system error 5"));
+    EXPECT_TRUE(holds(errorOf([&] { volumes[0]->mf_getDriveLetter(); }), L"has no drive letter"));
     EXPECT_NE(QVStorage::mf_isInitialized(), 0);
 }
 

@@ -136,7 +136,7 @@ TEST_F(DomainMemberships, WhereMembersAreRefusedEachAccountIsAskedForAlone) {
     EXPECT_EQ(groupsOf(*m_users[2]), (Names{L"CORP\\Readers", L"CORP\\Writers"}));
     for (const char* cause :
          {"[global groups]\n! error 5\n", "[domain groups]\n! error 5\n",
-          "[global groups]\n! error 1722 after 0\n", "[global groups]\n! refused someone\n"}) {
+          "[global groups]\n! error 2221 after 0\n", "[global groups]\n! refused someone\n"}) {
         list(std::string(company) + cause);
         for (int i = 0; i < m_users.GetSize(); ++i) {
             const std::uint64_t before = described::remoteQuestions();

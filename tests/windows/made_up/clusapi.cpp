@@ -1,35 +1,61 @@
-/// A made-up cluster library: KVX_CLUSTER tells what it answers ("none", "stopped", "running", "refused"). A
-/// running cluster has the nodes NODE1 (up), NODE2 (down) and NODE3 (refused), and two groups.
-/// KvxOpenHandles() tells how many handles were not given back.
+/// A made-up cluster library: it answers from the section [cluster] of the description of which netapi32.cpp
+/// tells, with quirks and counts like its. Without that section the computer is not a node of a cluster.
 
-#include "runtime/host/os.h"
-
+#include <algorithm>
 #include <cwchar>
 #include <string>
 
+#include "machine.h"
+#include "quirks.h"
+#include "runtime/host/described/fold.h"
+#include "runtime/host/os.h"
+
 namespace {
 
+using made_up::oddityOf;
+
+constexpr DWORD notConfigured = 1, running = 19;
+constexpr DWORD nodes = 1, groups = 8;
+
 long handles = 0;
-int object = 0;
 
-bool is(const wchar_t* state) {
-    wchar_t text[32] = L"";
-    GetEnvironmentVariableW(L"KVX_CLUSTER", text, 32);
-    return std::wcscmp(text, state) == 0;
+/// What a handle stands for: the cluster, the list of a kind, or the object at a place of such a list.
+struct Object {
+    DWORD kind = 0;
+    std::size_t place = 0;
+};
+
+const described::ClusterDescription* section() {
+    const auto& cluster = made_up::machine().cluster;
+    return cluster ? &*cluster : nullptr;
 }
 
-void* opened(std::size_t value) {
+const host::ClusterFacts& facts() {
+    return section()->facts;
+}
+
+Object* opened(const Object& object) {
     ++handles;
-    return reinterpret_cast<char*>(&object) + value;
+    return new Object(object);
 }
 
-BOOL closed() {
+DWORD closed(const char* function, Object* object) {
+    oddityOf(function, false);
     --handles;
-    return TRUE;
+    delete object;
+    return ERROR_SUCCESS;
 }
 
-std::size_t valueOf(void* handle) {
-    return static_cast<std::size_t>(static_cast<char*>(handle) - reinterpret_cast<char*>(&object));
+/// Why a call fails.
+DWORD codeOf(const char* function) {
+    return oddityOf(function, false).error;
+}
+
+/// Whether a call opens nothing; the thread's last error is set then, which may be none.
+bool opensNothing(const char* function) {
+    const made_up::Oddity oddity = oddityOf(function, false);
+    SetLastError(oddity.error);
+    return oddity.error != ERROR_SUCCESS || oddity.nullBuffer;
 }
 
 DWORD give(const std::wstring& text, wchar_t* room, DWORD* size) {
@@ -40,8 +66,22 @@ DWORD give(const std::wstring& text, wchar_t* room, DWORD* size) {
     return ERROR_SUCCESS;
 }
 
-std::wstring longGroup() {
-    return std::wstring(400, L'g');
+template <class Part>
+Object* openPart(const char* function, DWORD kind, const std::vector<Part>& parts, const wchar_t* name) {
+    if (opensNothing(function)) return nullptr;
+    const auto found = std::find_if(parts.begin(), parts.end(), [&](const Part& part) {
+        return described::equalFolded(part.name, name);
+    });
+    if (found != parts.end()) return opened({kind, static_cast<std::size_t>(found - parts.begin())});
+    SetLastError(ERROR_NOT_FOUND);
+    return nullptr;
+}
+
+/// The number by which the library tells a state; -1 for one that it does not know.
+template <std::size_t count>
+int numberOf(const std::wstring& state, const wchar_t* const (&names)[count]) {
+    const auto* found = std::find(std::begin(names), std::end(names), state);
+    return found == std::end(names) ? -1 : static_cast<int>(found - std::begin(names));
 }
 
 }  // namespace
@@ -51,56 +91,95 @@ extern "C" {
 __declspec(dllexport) long KvxOpenHandles() {
     return handles;
 }
+
 __declspec(dllexport) DWORD WINAPI GetNodeClusterState(LPCWSTR, DWORD* state) {
-    *state = is(L"none") ? 1 : is(L"stopped") ? 3 : 19;
-    return ERROR_SUCCESS;
+    // It is the first that the program calls. What the network library makes of the names and SIDs of the
+    // computer must hold from here on.
+    LoadLibraryExW(L"netapi32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    const auto* cluster = section();
+    const made_up::Oddity oddity = oddityOf("GetNodeClusterState", false);
+    if (oddity.error != ERROR_SUCCESS) return oddity.error;
+    *state = cluster != nullptr ? running : notConfigured;
+    if (oddity.state >= 0) *state = static_cast<DWORD>(oddity.state);
+    return cluster != nullptr && cluster->cause.any ? cluster->cause.code : ERROR_SUCCESS;
 }
-__declspec(dllexport) void* WINAPI OpenClusterEx(LPCWSTR, DWORD access, DWORD*) {
-    if (!is(L"refused") && access == GENERIC_READ) return opened(0);
+
+__declspec(dllexport) Object* WINAPI OpenClusterEx(LPCWSTR, DWORD access, DWORD*) {
+    if (opensNothing("OpenClusterEx")) return nullptr;
+    if (access == GENERIC_READ) return opened({});
     SetLastError(ERROR_ACCESS_DENIED);
     return nullptr;
 }
-__declspec(dllexport) BOOL WINAPI CloseCluster(void*) {
-    return closed();
+
+__declspec(dllexport) BOOL WINAPI CloseCluster(Object* cluster) {
+    return closed("CloseCluster", cluster) == ERROR_SUCCESS;
 }
-__declspec(dllexport) DWORD WINAPI GetClusterInformation(void*, LPWSTR name, DWORD* size, void*) {
-    return give(L"CLU1", name, size);
+
+__declspec(dllexport) DWORD WINAPI GetClusterInformation(Object*, LPWSTR name, DWORD* size, void*) {
+    const DWORD code = codeOf("GetClusterInformation");
+    return code != ERROR_SUCCESS ? code : give(facts().name, name, size);
 }
-__declspec(dllexport) void* WINAPI ClusterOpenEnum(void*, DWORD kind) {
-    return opened(kind);
+
+__declspec(dllexport) Object* WINAPI ClusterOpenEnum(Object*, DWORD kind) {
+    return opensNothing("ClusterOpenEnum") ? nullptr : opened({kind, 0});
 }
-__declspec(dllexport) DWORD WINAPI ClusterCloseEnum(void*) {
-    closed();
-    return ERROR_SUCCESS;
+
+__declspec(dllexport) DWORD WINAPI ClusterCloseEnum(Object* list) {
+    return closed("ClusterCloseEnum", list);
 }
+
 __declspec(dllexport) DWORD WINAPI
-    ClusterEnum(void* list, DWORD index, DWORD* kind, LPWSTR name, DWORD* size) {
-    *kind = static_cast<DWORD>(valueOf(list));
-    if (*kind == 1 && index < 3) return give(L"NODE" + std::to_wstring(index + 1), name, size);
-    if (*kind == 8 && index < 2) return give(index == 0 ? L"Cluster Group" : longGroup(), name, size);
+    ClusterEnum(Object* list, DWORD index, DWORD* kind, LPWSTR name, DWORD* size) {
+    const made_up::Oddity oddity = oddityOf("ClusterEnum", false);
+    if (oddity.error != ERROR_SUCCESS) return oddity.error;
+    *kind = list->kind;
+    const bool isNode = list->kind == nodes;
+    const std::size_t all = isNode ? facts().nodes.size() : facts().groups.size();
+    const std::size_t place = oddity.goesRound ? index % all : index;
+    if (place < all) return give(isNode ? facts().nodes[place].name : facts().groups[place].name, name, size);
     return ERROR_NO_MORE_ITEMS;
 }
-__declspec(dllexport) void* WINAPI OpenClusterNodeEx(void*, LPCWSTR name, DWORD, DWORD*) {
-    if (std::wcscmp(name, L"NODE3") != 0) return opened(std::wcscmp(name, L"NODE1") == 0 ? 0 : 1);
-    SetLastError(ERROR_ACCESS_DENIED);
-    return nullptr;
+
+__declspec(dllexport) Object* WINAPI OpenClusterNodeEx(Object*, LPCWSTR name, DWORD, DWORD*) {
+    return openPart("OpenClusterNodeEx", nodes, facts().nodes, name);
 }
-__declspec(dllexport) int WINAPI GetClusterNodeState(void* node) {
-    return static_cast<int>(valueOf(node));
+
+__declspec(dllexport) int WINAPI GetClusterNodeState(Object* node) {
+    static constexpr const wchar_t* names[] = {L"up", L"down", L"paused", L"joining"};
+    const int state = oddityOf("GetClusterNodeState", false).state;
+    return state >= 0 ? state : numberOf(facts().nodes[node->place].state, names);
 }
-__declspec(dllexport) BOOL WINAPI CloseClusterNode(void*) {
-    return closed();
+
+__declspec(dllexport) BOOL WINAPI CloseClusterNode(Object* node) {
+    return closed("CloseClusterNode", node) == ERROR_SUCCESS;
 }
-__declspec(dllexport) void* WINAPI OpenClusterGroupEx(void*, LPCWSTR name, DWORD, DWORD*) {
-    return opened(name == longGroup() ? 3 : 0);
+
+__declspec(dllexport) Object* WINAPI OpenClusterGroupEx(Object*, LPCWSTR name, DWORD, DWORD*) {
+    return openPart("OpenClusterGroupEx", groups, facts().groups, name);
 }
-__declspec(dllexport) int WINAPI GetClusterGroupState(void* group, LPWSTR owner, DWORD* size) {
-    const DWORD code = give(L"NODE1", owner, size);
+
+__declspec(dllexport) int WINAPI GetClusterGroupState(Object* group, LPWSTR owner, DWORD* size) {
+    static constexpr const wchar_t* names[] = {L"online", L"offline", L"failed", L"partly online",
+                                               L"pending"};
+    const made_up::Oddity oddity = oddityOf("GetClusterGroupState", false);
+    const host::ClusterGroup& known = facts().groups[group->place];
+    const DWORD code = oddity.error != ERROR_SUCCESS ? oddity.error : give(known.owner, owner, size);
     SetLastError(code);
-    return code == ERROR_SUCCESS ? static_cast<int>(valueOf(group)) : -1;
+    if (code != ERROR_SUCCESS) return -1;
+    return oddity.state >= 0 ? oddity.state : numberOf(known.state, names);
 }
-__declspec(dllexport) BOOL WINAPI CloseClusterGroup(void*) {
-    return closed();
+
+__declspec(dllexport) BOOL WINAPI CloseClusterGroup(Object* group) {
+    return closed("CloseClusterGroup", group) == ERROR_SUCCESS;
+}
+
+BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID) {
+    if (reason == DLL_PROCESS_DETACH) {
+        for (long left = handles; left > 0; --left)
+            made_up::count("not closed");
+        made_up::writeCalls();
+    }
+    return TRUE;
 }
 
 }  // extern "C"

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -14,44 +15,63 @@
 
 inline const host::AccountSource controller{L"DC01"};
 
+/// A machine of the domain CORP, to which sections are added.
+inline const std::string member =
+    "[system]\ncomputer = WS01\n"
+    "[domain]\njoined = yes\nname = CORP\ndns = corp.example\nsid = S-1-5-21-11-22-33\ncontroller = DC01\n";
+
 class MadeUp : public testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_NE(counter(L"netapi32.dll", "KvxOutstanding"), nullptr)
+        // Which machine it is stands fast before the libraries are there: they look at it first.
+        describe(member);
+        ASSERT_NE(function<long (*)()>(L"netapi32.dll", "KvxOutstanding"), nullptr)
             << "the made-up libraries are not in place";
-        ASSERT_NE(counter(L"clusapi.dll", "KvxOpenHandles"), nullptr);
+        ASSERT_NE(function<long (*)()>(L"clusapi.dll", "KvxOpenHandles"), nullptr);
     }
     void TearDown() override {
-        for (const std::wstring& name : m_set)
-            SetEnvironmentVariableW(name.c_str(), nullptr);
-        EXPECT_EQ(counter(L"netapi32.dll", "KvxOutstanding")(), 0) << "memory was not given back";
-        EXPECT_EQ(counter(L"clusapi.dll", "KvxOpenHandles")(), 0) << "handles were not given back";
+        EXPECT_EQ(function<long (*)()>(L"netapi32.dll", "KvxOutstanding")(), 0)
+            << "memory was not given back";
+        EXPECT_EQ(function<long (*)()>(L"clusapi.dll", "KvxOpenHandles")(), 0)
+            << "handles were not given back";
     }
 
-    void set(const std::wstring& name, const std::wstring& value) {
-        SetEnvironmentVariableW(name.c_str(), value.c_str());
-        m_set.push_back(name);
+    /// From now on the libraries answer for the machine of this description, with these quirks (quirks.h).
+    static void describe(const std::string& machine, const std::string& quirks = "") {
+        static int number = 0;
+        char folder[MAX_PATH] = "";
+        GetTempPathA(MAX_PATH, folder);
+        const std::string name = std::string(folder) + "made-up-" + std::to_string(++number);
+        write(name + ".txt", machine);
+        write(name + ".quirks", quirks);
+        SetEnvironmentVariableA("KVX_MADE_UP_MACHINE", (name + ".txt").c_str());
+        SetEnvironmentVariableA("KVX_MADE_UP_QUIRKS", (name + ".quirks").c_str());
     }
 
-    static std::vector<host::Account> list(
-        host::Answer<host::AccountPage> (*fetch)(const host::AccountSource&, std::uint64_t),
-        host::Answer<host::Done>& ended) {
+    template <class Fetch>
+    static std::vector<host::Account> list(Fetch fetch, host::Answer<host::Done>& ended,
+                                           const host::AccountSource& source = controller) {
         std::vector<host::Account> found;
         ended = host::readPages<host::Account>(
-            [&](std::uint64_t cursor) { return fetch(controller, cursor); },
+            [&](std::uint64_t cursor) { return fetch(source, cursor); },
             [&](host::Account account) { found.push_back(std::move(account)); });
         return found;
     }
 
-    /// How many calls of the network library would have gone to another computer so far.
-    static long remoteCalls() { return counter(L"netapi32.dll", "KvxCalls")(); }
+    /// How often a function of the network library was called so far; "remote": how many calls would have
+    /// gone to another computer.
+    static long calls(const char* name) {
+        return function<long (*)(const char*)>(L"netapi32.dll", "KvxCalls")(name);
+    }
+    static long remoteCalls() { return calls("remote"); }
 
 private:
-    using Counter = long (*)();
-    static Counter counter(const wchar_t* library, const char* name) {
+    template <class Pointer>
+    static Pointer function(const wchar_t* library, const char* name) {
         const HMODULE module = LoadLibraryExW(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-        return std::bit_cast<Counter>(module != nullptr ? GetProcAddress(module, name) : nullptr);
+        return std::bit_cast<Pointer>(module != nullptr ? GetProcAddress(module, name) : nullptr);
     }
-
-    std::vector<std::wstring> m_set;
+    static void write(const std::string& name, const std::string& text) {
+        std::ofstream(name, std::ios::binary) << text;
+    }
 };

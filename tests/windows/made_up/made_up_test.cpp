@@ -9,34 +9,63 @@ using host::Account;
 using host::Answer;
 using host::Status;
 
+std::string usersAndMachines(int users) {
+    return member + "[domain users]\ngenerate users = " + std::to_string(users) +
+           " user%05d\ngenerate users = " + std::to_string(users / 10) + " PC%05d$\n";
+}
+
 TEST_F(MadeUp, ManyUsersComeInPagesWithoutTheMachines) {
-    set(L"KVX_USERS", L"25000");
+    describe(usersAndMachines(25000));
+    const long before = calls("NetQueryDisplayInformation");
     Answer<host::Done> ended;
     const std::vector<Account> users = list(host::users, ended);
     EXPECT_EQ(ended.status, Status::found);
     ASSERT_EQ(users.size(), 25000U);
-    EXPECT_EQ(users.front().name, L"user00000");
-    EXPECT_EQ(users.back().name, L"user24999");
+    EXPECT_EQ(users.front().name, L"user00001");
+    EXPECT_EQ(users.back().name, L"user25000");
     EXPECT_EQ(users.front().domain, L"CORP");
     ASSERT_EQ(users.front().sid.subAuthorityCount, 5);
     EXPECT_EQ(users.front().sid.subAuthorities[0], 21U);
     EXPECT_EQ(users.front().sid.subAuthorities[3], 33U);
-    EXPECT_EQ(users.front().sid.subAuthorities[4], 1000U);
+    EXPECT_EQ(users.front().sid.subAuthorities[4], 10000001U);
+    EXPECT_EQ(calls("NetQueryDisplayInformation") - before, 275);
 }
 
 TEST_F(MadeUp, APageOfMachinesDoesNotEndTheList) {
-    set(L"KVX_USERS", L"40");
-    set(L"KVX_PAGE", L"1");
+    describe(member + "page size = 1\n[domain users]\nPC0$\nalice\nPC1$\nPC2$\nbob\nPC3$\n");
     Answer<host::Done> ended;
-    EXPECT_EQ(list(host::users, ended).size(), 40U);
+    const std::vector<Account> users = list(host::users, ended);
+    ASSERT_EQ(users.size(), 2U);
+    EXPECT_EQ(users[1].name, L"bob");
     EXPECT_EQ(ended.status, Status::found);
 }
 
-TEST_F(MadeUp, AListThatStandsStillEndsAsAFailure) {
-    set(L"KVX_USERS", L"5");
-    set(L"KVX_STUCK", L"1");
+TEST_F(MadeUp, AListWithoutProgressEndsAsAFailure) {
+    const std::string machine = usersAndMachines(300) +
+                                "[domain groups]\nA S-1-5-21-11-22-33-1 = *\n"
+                                "B S-1-5-21-11-22-33-2 =\nC S-1-5-21-11-22-33-3 =\n"
+                                "[domain]\npage size = 2\nmember page size = 20\n";
+    for (const std::string way : {"stands still", "goes round", "empty page", "never ends"}) {
+        describe(machine, "NetQueryDisplayInformation : " + way + "\nNetLocalGroupEnum : " + way +
+                              "\nNetLocalGroupGetMembers : " + way + "\n");
+        Answer<host::Done> ended;
+        list(host::users, ended);
+        EXPECT_EQ(ended.status, Status::failed) << way;
+        list(host::localGroups, ended);
+        EXPECT_EQ(ended.status, Status::failed) << way;
+        const auto members = [](const host::AccountSource& source, std::uint64_t cursor) {
+            return host::localGroupMembers(source, {L"CORP", L"A", {}}, cursor);
+        };
+        list(members, ended);
+        EXPECT_EQ(ended.status, Status::failed) << way;
+    }
+}
+
+TEST_F(MadeUp, ADomainOfMachinesThatGoesRoundEnds) {
+    describe(member + "[domain users]\ngenerate users = 300 PC%05d$\n",
+             "NetQueryDisplayInformation : goes round\n");
     Answer<host::Done> ended;
-    EXPECT_EQ(list(host::users, ended).size(), 5U);
+    EXPECT_TRUE(list(host::users, ended).empty());
     EXPECT_EQ(ended.status, Status::failed);
 }
 
@@ -49,97 +78,149 @@ TEST_F(MadeUp, AnEmptyDomainIsAnEmptyList) {
 }
 
 TEST_F(MadeUp, ARefusalIsNoFailureAndNeitherIsAnEmptyList) {
-    for (const wchar_t* code : {L"5", L"65", L"1314"}) {
-        set(L"KVX_NETAPI_ERROR", code);
+    const std::string machine = member + "[domain users]\nalice\n";
+    for (const std::string code : {"5", "65", "1314"}) {
+        describe(machine, "remote : error " + code + "\n");
         EXPECT_EQ(host::users(controller, 0).status, Status::refused);
         EXPECT_EQ(host::users(controller, 0).failure.code, std::stoul(code));
         EXPECT_EQ(host::localGroups(controller, 0).status, Status::refused);
         EXPECT_EQ(host::localGroupsOf(controller, {L"CORP", L"alice", {}}).status, Status::refused);
     }
-    for (const wchar_t* code : {L"1722", L"2453", L"2351", L"53"}) {
-        set(L"KVX_NETAPI_ERROR", code);
+    for (const std::string code : {"1722", "2453", "2351", "53"}) {
+        describe(machine + "[domain]\n! error " + code + " membership\n", "remote : error " + code + "\n");
         EXPECT_EQ(host::users(controller, 0).status, Status::failed);
         EXPECT_EQ(host::users(controller, 0).failure.code, std::stoul(code));
         EXPECT_EQ(host::globalGroupsOf(controller, {L"CORP", L"alice", {}}).status, Status::failed);
         EXPECT_EQ(host::membership().status, Status::failed);
+        EXPECT_EQ(host::membership().failure.code, std::stoul(code));
     }
 }
 
+TEST_F(MadeUp, AServerThatIsNoneIsAFailure) {
+    EXPECT_EQ(host::users({L"NOWHERE"}, 0).failure.code, static_cast<DWORD>(ERROR_BAD_NETPATH));
+    EXPECT_EQ(host::localGroups({L"DC01 "}, 0).status, Status::refused);
+    EXPECT_EQ(host::users({L"DC01.corp.example"}, 0).status, Status::found);
+}
+
 TEST_F(MadeUp, GroupsHaveTheirDomainsAndSids) {
-    // "Users" is a group of every Windows; the other one cannot be looked up.
-    set(L"KVX_GROUPS", L"Users;KvxTestGroup");
-    std::vector<Account> groups;
-    const auto ended =
-        host::readPages<Account>([](std::uint64_t cursor) { return host::localGroups({}, cursor); },
-                                 [&](Account group) { groups.push_back(std::move(group)); });
+    describe("[system]\ncomputer = WS01\n[groups]\nUsers (BUILTIN) =\nTesters S-1-5-21-1-2-3-7 =\n");
+    Answer<host::Done> ended;
+    const std::vector<Account> groups = list(host::localGroups, ended, {});
     EXPECT_EQ(ended.status, Status::found);
     ASSERT_EQ(groups.size(), 2U);
     EXPECT_EQ(groups[0].name, L"Users");
     EXPECT_EQ(groups[0].domain, L"BUILTIN");
     ASSERT_EQ(groups[0].sid.subAuthorityCount, 2);
     EXPECT_EQ(groups[0].sid.subAuthorities[1], 545U);
-    EXPECT_EQ(groups[1].name, L"KvxTestGroup");
-    EXPECT_FALSE(groups[1].domain.empty());
-    EXPECT_TRUE(groups[1].sid.empty());
+    EXPECT_EQ(groups[1].name, L"Testers");
+    EXPECT_EQ(groups[1].domain, L"WS01");
+    EXPECT_EQ(groups[1].sid.subAuthorities[4], 7U);
 }
 
+TEST_F(MadeUp, AGroupThatCannotBeLookedUpKeepsItsName) {
+    for (const std::string how : {"error 1722", "null buffer", "null names"}) {
+        describe("[system]\ncomputer = WS01\n[groups]\nSecret S-1-5-21-1-2-3-8 =\n",
+                 "LsaLookupNames2 : " + how + "\n");
+        const Answer<host::AccountPage> groups = host::localGroups({}, 0);
+        ASSERT_TRUE(groups.found()) << how;
+        ASSERT_EQ(groups.value.items.size(), 1U);
+        EXPECT_EQ(groups.value.items[0].name, L"Secret");
+        EXPECT_EQ(groups.value.items[0].domain, L"WS01");
+        EXPECT_TRUE(groups.value.items[0].sid.empty());
+    }
+}
+
+const std::string ofTwo =
+    "[system]\ncomputer = WS01\n[domain]\njoined = yes\nname = CORP\ncontroller = DC01\n"
+    "[users]\nalice\n[domain users]\nalice\n[groups]\nLocals S-1-5-21-1-2-3-11 = alice\n"
+    "Guests from the domain S-1-5-21-1-2-3-12 = CORP\\Staff\n[global groups]\nStaff = alice\n";
+
 TEST_F(MadeUp, AUserHasGroups) {
-    set(L"KVX_MEMBER_OF", L"Users");
+    describe(ofTwo);
     const auto local = host::localGroupsOf({}, {L"", L"alice", {}});
-    ASSERT_TRUE(local.found());
     ASSERT_EQ(local.value.size(), 1U);
-    EXPECT_EQ(local.value[0].name, L"Users");
+    EXPECT_EQ(local.value[0].name, L"Locals");
     EXPECT_EQ(host::globalGroupsOf({}, {L"", L"alice", {}}).value.size(), 1U);
     EXPECT_EQ(host::localGroupsOf({}, {L"", L"nobody", {}}).status, Status::missing);
     EXPECT_EQ(host::globalGroupsOf({}, {L"", L"nobody", {}}).status, Status::missing);
 }
 
 TEST_F(MadeUp, AnAccountFromElsewhereIsAskedForWithItsDomain) {
-    set(L"KVX_USERS", L"1");
-    const auto fromElsewhere = host::localGroupsOf(controller, {L"OTHER", L"bob", {}});
+    describe(ofTwo);
+    const auto fromElsewhere = host::localGroupsOf({}, {L"CORP", L"alice", {}});
     ASSERT_EQ(fromElsewhere.value.size(), 1U);
-    EXPECT_EQ(fromElsewhere.value[0].name, L"OTHER\\bob");
+    EXPECT_EQ(fromElsewhere.value[0].name, L"Guests from the domain");
 }
 
 TEST_F(MadeUp, WhoMayNotReadTheDomainGetsTheDirectGroups) {
-    set(L"KVX_MEMBER_OF", L"Users");
-    set(L"KVX_INDIRECT_ERROR", L"5");
+    describe(ofTwo, "NetUserGetLocalGroups indirect : error 5\n");
     EXPECT_EQ(host::localGroupsOf({}, {L"", L"alice", {}}).value.size(), 1U);
-    set(L"KVX_INDIRECT_ERROR", L"1722");
+    EXPECT_TRUE(host::localGroupsOf({}, {L"CORP", L"alice", {}}).value.empty());
+    describe(ofTwo, "NetUserGetLocalGroups indirect : error 1722\n");
     EXPECT_EQ(host::localGroupsOf({}, {L"", L"alice", {}}).status, Status::failed);
 }
 
 TEST_F(MadeUp, TheRoleTellsTheMembership) {
     struct Case {
-        const wchar_t* role;
+        std::string domain, quirks;
         bool joined, controller;
         const wchar_t* name;
     };
-    for (const Case& each : {Case{L"0", false, false, L"WORKGROUP"}, Case{L"1", true, false, L"CORP"},
-                             Case{L"2", false, false, L"WORKGROUP"}, Case{L"3", true, false, L"CORP"},
-                             Case{L"4", true, true, L"CORP"}, Case{L"5", true, true, L"CORP"},
-                             Case{L"none", true, false, L"CORP"}}) {
-        set(L"KVX_ROLE", each.role);
-        const auto answer = host::membership();
-        ASSERT_TRUE(answer.found());
-        EXPECT_EQ(answer.value.joined, each.joined) << each.role;
-        EXPECT_EQ(answer.value.domainController, each.controller) << each.role;
-        EXPECT_EQ(answer.value.domainName, each.name) << each.role;
+    const std::string named = "name = CORP\n";
+    for (const Case& each :
+         {Case{"joined = no\n", "", false, false, L"WORKGROUP"},
+          Case{"joined = yes\n", "", true, false, L"CORP"},
+          Case{"joined = yes\nrole = controller\n", "", true, true, L"CORP"},
+          Case{"joined = yes\nrole = controller\nprimary = WS01\n", "", true, true, L"CORP"},
+          Case{"joined = yes\n", "DsRoleGetPrimaryDomainInformation : error 1722\n", true, false, L"CORP"},
+          Case{"joined = yes\n", "DsRoleGetPrimaryDomainInformation : null buffer\n", true, false,
+               L"CORP"}}) {
+        for (const std::string server : {"yes", "no"}) {
+            describe("[system]\ncomputer = WS01\nserver = " + server + "\n[domain]\n" + named + each.domain,
+                     each.quirks);
+            const auto answer = host::membership();
+            ASSERT_TRUE(answer.found());
+            EXPECT_EQ(answer.value.joined, each.joined) << each.domain;
+            EXPECT_EQ(answer.value.domainController, each.controller) << each.domain;
+            EXPECT_EQ(answer.value.domainName, each.name) << each.domain;
+        }
     }
+    describe(member, "DsRoleGetPrimaryDomainInformation : error 1722\nNetGetJoinInformation : state 0\n");
+    EXPECT_EQ(host::membership().status, Status::failed);
 }
 
 TEST_F(MadeUp, AControllerIsNamedWithoutBackslashes) {
-    EXPECT_EQ(host::domainController(L"CORP", false, false).status, Status::failed);
-    EXPECT_EQ(host::domainController(L"CORP", false, false).failure.code,
+    describe(member + "primary = DC02\n");
+    const host::Membership known = host::membership().value;
+    EXPECT_EQ(host::domainController(known, false, false).value, L"DC01.corp.example");
+    EXPECT_EQ(host::domainController(known, true, false).value, L"DC02");
+    host::Membership flat = known;
+    flat.dnsDomainName.clear();
+    EXPECT_EQ(host::domainController(flat, false, false).value, L"DC01");
+    const long before = calls("DsGetDcNameW rediscovery");
+    EXPECT_EQ(host::domainController(flat, false, true).value, L"DC01");
+    EXPECT_EQ(calls("DsGetDcNameW rediscovery") - before, 1);
+    flat.domainName = L"OTHER";
+    EXPECT_EQ(host::domainController(flat, false, false).failure.code,
               static_cast<DWORD>(ERROR_NO_SUCH_DOMAIN));
-    set(L"KVX_CONTROLLER", L"DC01");
-    EXPECT_EQ(host::domainController(L"CORP", false, false).value, L"DC01");
-    EXPECT_EQ(host::domainController(L"corp.example", true, false).value, L"DC01-primary");
-    EXPECT_EQ(host::domainController(L"CORP", false, true).value, L"DC01-again");
 }
 
+TEST_F(MadeUp, AControllerWithoutANameIsNone) {
+    const host::Membership known = host::membership().value;
+    for (const std::string how : {"null buffer", "null names", "error 1355"}) {
+        describe(member, "DsGetDcNameW : " + how + "\n");
+        EXPECT_EQ(host::domainController(known, false, false).status, Status::failed) << how;
+        EXPECT_EQ(host::domainController(known, true, false).status, Status::failed) << how;
+    }
+}
+
+const std::string clustered =
+    "[cluster]\nname = CLU1\nnode = NODE1 up\nnode = NODE2 down\nnode = NODE3 unknown\n"
+    "group = Cluster Group owner NODE1 online\ngroup = " +
+    std::string(400, 'g') + " owner NODE1 partly online\n";
+
 TEST_F(MadeUp, AClusterHasNodesAndGroups) {
-    set(L"KVX_CLUSTER", L"running");
+    describe(clustered, "OpenClusterNodeEx call 3 : error 5\n");
     const auto answer = host::cluster();
     ASSERT_TRUE(answer.found());
     const host::ClusterFacts& cluster = answer.value;
@@ -148,7 +229,7 @@ TEST_F(MadeUp, AClusterHasNodesAndGroups) {
     EXPECT_EQ(cluster.nodes[0].name, L"NODE1");
     EXPECT_EQ(cluster.nodes[0].state, L"up");
     EXPECT_EQ(cluster.nodes[1].state, L"down");
-    EXPECT_EQ(cluster.nodes[2].state, L"unknown");
+    EXPECT_EQ(cluster.nodes[2].state, L"unknown, system error 5");
     ASSERT_EQ(cluster.groups.size(), 2U);
     EXPECT_EQ(cluster.groups[0].name, L"Cluster Group");
     EXPECT_EQ(cluster.groups[0].owner, L"NODE1");
@@ -158,14 +239,31 @@ TEST_F(MadeUp, AClusterHasNodesAndGroups) {
 }
 
 TEST_F(MadeUp, NoClusterAStoppedOneAndARefusedOneAreToldApart) {
-    set(L"KVX_CLUSTER", L"none");
+    describe(member);
     EXPECT_EQ(host::cluster().status, Status::missing);
-    set(L"KVX_CLUSTER", L"stopped");
+    describe(clustered, "GetNodeClusterState : state 0\n");
+    EXPECT_EQ(host::cluster().status, Status::missing);
+    describe(clustered, "GetNodeClusterState : state 3\n");
     EXPECT_EQ(host::cluster().status, Status::failed);
     EXPECT_EQ(host::cluster().failure.text, L"the cluster service is not running on this node");
-    set(L"KVX_CLUSTER", L"refused");
+    describe(clustered, "OpenClusterEx : error 5\n");
     EXPECT_EQ(host::cluster().status, Status::refused);
     EXPECT_EQ(host::cluster().failure.code, static_cast<DWORD>(ERROR_ACCESS_DENIED));
+}
+
+TEST_F(MadeUp, WhatACallOfTheClusterDoesNotTellIsNoCluster) {
+    for (const std::string function :
+         {"OpenClusterEx", "GetClusterInformation", "ClusterOpenEnum", "ClusterEnum"}) {
+        describe(clustered, function + " : error 1722\n");
+        EXPECT_EQ(host::cluster().status, Status::failed) << function;
+        EXPECT_EQ(host::cluster().failure.code, static_cast<DWORD>(RPC_S_SERVER_UNAVAILABLE)) << function;
+    }
+    for (const std::string function : {"OpenClusterEx", "ClusterOpenEnum"}) {
+        describe(clustered, function + " : null buffer\n");
+        EXPECT_EQ(host::cluster().status, Status::failed) << function;
+    }
+    describe(clustered, "ClusterEnum : goes round\n");
+    EXPECT_EQ(host::cluster().status, Status::failed);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# run.sh PREFIX PROGRAM DLL...   puts made-up system libraries into a Wine prefix of their own, makes Wine prefer them to
-# its own, and runs the program there, with its exit status.
+# run.sh PREFIX PROGRAM DLL...   puts made-up system libraries into a Wine prefix of their own, makes Wine prefer
+# them to its own, and runs the program there, with its exit status.
 
 set -eu
 

@@ -15,11 +15,11 @@ using described::Directory;
 using described::DomainDescription;
 using described::GroupKind;
 using described::ListCause;
+using described::Reach;
 using described::Scope;
 
 constexpr std::uint32_t noSuchServer = 53;
 constexpr std::uint32_t noSuchDomain = 1355;
-constexpr std::uint32_t noSuchUser = 2221;
 
 const DomainDescription& domain() {
     return described::machine().domain;
@@ -93,12 +93,12 @@ described::Cause causeOfGroups(GroupKind kind, const Account& user) {
     return {};
 }
 
-Answer<std::vector<Account>> groupsOf(GroupKind kind, const Account& user, bool indirect) {
+Answer<std::vector<Account>> groupsOf(GroupKind kind, const Account& user, Reach reach) {
     using Result = Answer<std::vector<Account>>;
     const described::Cause cause = causeOfGroups(kind, user);
     if (cause.any) return answerOf<std::vector<Account>>(cause);
-    auto groups = described::directory().groupsOf(user, kind, indirect);
-    return groups ? Result(std::move(*groups)) : Result::failed(noSuchUser);
+    auto groups = described::directory().groupsOf(user, kind, reach);
+    return groups ? Result(std::move(*groups)) : Result::missing();
 }
 
 /// Why the members of the groups cannot be asked for, if so: they would tell what is not to be told of an
@@ -142,9 +142,11 @@ Answer<Membership> membership() {
     return result;
 }
 
-Answer<std::wstring> domainController(const std::wstring& domainName, bool primary, bool) {
+Answer<std::wstring> domainController(const Membership& membership, bool primary, bool) {
+    if (!membership.joined) return {};
     described::countRemoteQuestion();
-    if (!described::directory().isDomainName(domainName)) return Answer<std::wstring>::failed(noSuchDomain);
+    if (!described::directory().isDomainName(membership.domainName))
+        return Answer<std::wstring>::failed(noSuchDomain);
     if (domain().unreachable.any) return answerOf<std::wstring>(domain().unreachable);
     const std::wstring& name = primary && !domain().primary.empty() ? domain().primary : domain().controller;
     if (!name.empty()) return name;
@@ -172,14 +174,14 @@ Answer<std::vector<Account>> localGroupsOf(const AccountSource& source, const Ac
     const Answer<Scope> scope = scopeOf(source);
     if (!scope.found()) return Answer<std::vector<Account>>::without(scope);
     if (source.server.empty()) countIfRemote(described::directory().isDomainName(user.domain));
-    return groupsOf(localKind(scope.value), user, true);
+    return groupsOf(localKind(scope.value), user, Reach::throughAllGroups);
 }
 
 Answer<std::vector<Account>> globalGroupsOf(const AccountSource& source, const Account& user) {
     const Answer<Scope> scope = scopeOf(source);
     if (!scope.found()) return Answer<std::vector<Account>>::without(scope);
     if (scope.value == Scope::computer) return std::vector<Account>();
-    return groupsOf(GroupKind::global, user, false);
+    return groupsOf(GroupKind::global, user, Reach::direct);
 }
 
 Answer<AccountPage> globalGroups(const AccountSource& source, std::uint64_t cursor) {

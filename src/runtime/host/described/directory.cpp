@@ -267,13 +267,15 @@ std::optional<std::vector<host::Account>> Directory::members(GroupKind kind, con
 std::optional<host::Account> Directory::identify(const host::Account& account) const {
     if (account.name.empty()) return account.sid.empty() ? std::nullopt : accountOfSid(account.sid);
     for (const Scope scope : {Scope::computer, Scope::domain}) {
-        if (equalFolded(account.domain, label(scope))) return userNamed(scope, account.name);
+        if (!equalFolded(account.domain, label(scope))) continue;
+        // A domain may have the name of the computer.
+        if (auto known = userNamed(scope, account.name)) return known;
     }
     return std::nullopt;
 }
 
 std::optional<std::vector<host::Account>> Directory::groupsOf(const host::Account& account, GroupKind kind,
-                                                              bool indirect) const {
+                                                              Reach through) const {
     const auto known = identify(account);
     if (!known) return std::nullopt;
     std::vector<bool> reached(m_groups.size());
@@ -292,9 +294,11 @@ std::optional<std::vector<host::Account>> Directory::groupsOf(const host::Accoun
     reach(m_holdersOfAll[indexOf(isOfComputer ? Scope::computer : Scope::domain)]);
     reachHolders(fullKey(known->domain, known->name));
     if (!known->sid.empty()) reachHolders(folded(sidText(known->sid)));
-    for (std::size_t next = 0; indirect && next < open.size(); ++next) {
-        const host::Account& holder = m_groups[open[next]].account;
-        reachHolders(fullKey(holder.domain, holder.name));
+    const std::size_t direct = through == Reach::direct ? 0 : open.size();
+    for (std::size_t next = 0; next < (through == Reach::throughAllGroups ? open.size() : direct); ++next) {
+        const Group& holder = m_groups[open[next]];
+        if (through == Reach::throughGlobalGroups && holder.kind != GroupKind::global) continue;
+        reachHolders(fullKey(holder.account.domain, holder.account.name));
     }
     std::vector<host::Account> groups;
     for (const std::size_t position : positions(kind)) {

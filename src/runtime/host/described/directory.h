@@ -20,6 +20,10 @@ enum class Scope { computer, domain };
 
 enum class GroupKind { local, domainLocal, global };
 
+/// Which groups of an account count: those of which it is a direct member; those of which one of its global
+/// groups is a direct member as well; those that any chain of groups leads to.
+enum class Reach { direct, throughGlobalGroups, throughAllGroups };
+
 class Directory {
 public:
     /// Refers to `machine` from then on. A member that no account of the description can be goes to
@@ -29,16 +33,20 @@ public:
     Directory(const Directory&) = delete;
     Directory& operator=(const Directory&) = delete;
 
+    /// The name of the computer or of the domain, and its SID, which begins those of its accounts.
+    std::wstring_view label(Scope scope) const;
+    const host::Sid& domainSid(Scope scope) const;
+
     std::uint64_t userCount(Scope scope) const;
     host::Account user(Scope scope, std::uint64_t index) const;
 
     std::uint64_t groupCount(GroupKind kind) const { return positions(kind).size(); }
     host::Account group(GroupKind kind, std::uint64_t index) const;
 
-    /// The groups of `kind` to which an account belongs, in the order of the description: directly, or
-    /// through other groups as well. Nothing when there is no such account.
+    /// The groups of `kind` to which an account belongs, in the order of the description. Nothing when there
+    /// is no such account.
     std::optional<std::vector<host::Account>> groupsOf(const host::Account& account, GroupKind kind,
-                                                       bool indirect) const;
+                                                       Reach reach) const;
 
     /// The direct members of a group of `kind`, of which `group` is one by name, one for each place in
     /// `first` to `end`, as far as there are so many. Their number goes to `count`. Nothing when there is no
@@ -64,8 +72,6 @@ private:
     };
 
     const UserList& list(Scope scope) const;
-    std::wstring_view label(Scope scope) const;
-    const host::Sid& domainSid(Scope scope) const;
     const std::vector<std::size_t>& positions(GroupKind kind) const;
 
     void addGroups(const GroupList& groups, GroupKind kind);

@@ -1,10 +1,13 @@
 #include "runtime/host/described/file_lookup.h"
 
+#include "runtime/host/described/scanner.h"
 #include "runtime/host/described/windows_path.h"
 
 namespace described {
 
 namespace {
+
+constexpr std::uint32_t noSuchServer = 53;
 
 /// The root directory of a drive that a volume has.
 const FileEntry rootDirectory{true, {}};
@@ -20,11 +23,25 @@ const FileEntry* entryOf(const Machine& machine, const std::wstring& key) {
     return found == machine.files.entries.end() ? nullptr : &found->second;
 }
 
+/// What stands behind "\\?\" is taken as it is.
+std::wstring keyOf(const Machine& machine, const std::wstring& path) {
+    const bool isVerbatim = path.starts_with(L"\\\\?\\");
+    return pathKey(isVerbatim ? path : fullPath(path, machine.system.currentDirectory));
+}
+
+/// Whether the path leads to a share of which the description tells nothing.
+bool isOnUnknownShare(const Machine& machine, const std::wstring& key) {
+    const bool isShare =
+        key.empty() || (key.starts_with(L"\\\\") && !key.starts_with(L"\\\\?") && !key.starts_with(L"\\\\."));
+    return isShare && entryOf(machine, std::wstring(rootOf(key))) == nullptr;
+}
+
 }  // namespace
 
 LookedUp lookUp(const Machine& machine, const std::wstring& path) {
     LookedUp result;
-    result.key = pathKey(fullPath(path, machine.system.currentDirectory));
+    result.key = keyOf(machine, path);
+    if (isOnUnknownShare(machine, result.key)) result.cause = causeOf(noSuchServer);
     result.entry = entryOf(machine, result.key);
     const VolumeDescription* volume = volumeOf(machine, result.key);
     if (volume != nullptr) result.cause = volume->cause;

@@ -3,6 +3,8 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "runtime/host/described/file_lookup.h"
@@ -19,7 +21,8 @@ using described::answerOf;
 using described::LookedUp;
 
 constexpr std::initializer_list<std::uint32_t> codesOfMissing = {2, 3};
-constexpr std::uint32_t accessDenied = 5;
+/// A name that is too long for this computer is no file's name.
+constexpr std::initializer_list<std::uint32_t> codesOfNoFile = {2, 3, 206};
 constexpr std::uint32_t invalidName = 123;
 
 /// Paths end at their first NUL, as they would on their way to the system.
@@ -41,16 +44,50 @@ private:
     int m_number;
 };
 
+bool endsWithSeparator(const std::wstring& path) {
+    return path.ends_with(L'\\') || path.ends_with(L'/');
+}
+
+/// The relative path without what Windows passes over at its end; empty where nothing is left.
+std::wstring withoutEnd(std::wstring path) {
+    while (endsWithSeparator(path))
+        path.pop_back();
+    const std::size_t begin = path.find_last_of(L"\\/") + 1;
+    const std::wstring name = path.substr(begin);
+    if (name == L"." || name == L"..") return path;
+    const std::size_t last = name.find_last_not_of(L". ");
+    if (last != std::wstring::npos) return path.substr(0, begin + last + 1);
+    return name.find(L'.') != std::wstring::npos ? path.substr(0, begin) + L"." : std::wstring();
+}
+
 Answer<FileKind> nativeKind(const std::wstring& path) {
+    const std::wstring name = withoutEnd(path);
+    if (name.empty()) return Answer<FileKind>::missing();
     struct stat status {};
-    if (stat(described::nativeName(path).c_str(), &status) != 0) {
-        return answerOf<FileKind>(described::nativeCause(errno), codesOfMissing);
+    if (stat(described::nativeName(name).c_str(), &status) != 0) {
+        return answerOf<FileKind>(described::nativeCause(errno), codesOfNoFile);
     }
     return S_ISDIR(status.st_mode) ? FileKind::directory : FileKind::file;
 }
 
-Answer<std::string> tooLarge() {
-    return Answer<std::string>::failed(0, L"the file is too large");
+Answer<std::string> tooLarge(std::uint64_t maximumBytes) {
+    return Answer<std::string>::failed(0, L"it is larger than " + std::to_wstring(maximumBytes) + L" bytes");
+}
+
+/// Whether nothing can have that name.
+bool isNoName(const std::wstring& path) {
+    const std::size_t begin = path.starts_with(L"\\\\?\\") ? 4 : 0;
+    return path.find_first_of(L"<>\"|?*", begin) != std::wstring::npos;
+}
+
+/// Where a file cannot be opened by this path, why not: a directory, a wrong name, or nothing at all. A file is not
+/// opened by a name that ends with a separator.
+std::optional<Answer<std::string>> unopened(const Answer<FileKind>& kind, const std::wstring& path) {
+    using Contents = Answer<std::string>;
+    if (kind.found() && kind.value == FileKind::directory) return Contents::failed(0, L"it is a directory");
+    if (isNoName(path) || (kind.found() && endsWithSeparator(path))) return Contents::failed(invalidName);
+    if (!kind.found()) return Contents::without(kind);
+    return std::nullopt;
 }
 
 Answer<std::string> nativeContents(const std::wstring& path, std::uint64_t maximumBytes) {
@@ -64,7 +101,7 @@ Answer<std::string> nativeContents(const std::wstring& path, std::uint64_t maxim
         if (count < 0) return answerOf<std::string>(described::nativeCause(errno), codesOfMissing);
         if (count == 0) return bytes;
         bytes.append(block, static_cast<std::size_t>(count));
-        if (bytes.size() > maximumBytes) return tooLarge();
+        if (bytes.size() > maximumBytes) return tooLarge(maximumBytes);
     }
 }
 
@@ -82,26 +119,23 @@ Answer<FileKind> fileKind(const std::wstring& given) {
 
 Answer<std::wstring> absolutePath(const std::wstring& given) {
     const std::wstring path = untilNul(given);
-    if (path.empty()) return Answer<std::wstring>::failed(invalidName);
+    if (path.find_first_not_of(L' ') == std::wstring::npos) return Answer<std::wstring>::failed(invalidName);
     return described::fullPath(path, described::machine().system.currentDirectory);
 }
 
 Answer<std::string> fileContents(const std::wstring& given, std::uint64_t maximumBytes) {
     const std::wstring path = untilNul(given);
     if (path.empty()) return Answer<std::string>::missing();
-    if (!described::isDescribedPath(path)) return nativeContents(path, maximumBytes);
-    const LookedUp found = described::lookUp(described::machine(), path);
-    if (found.cause.any) return answerOf<std::string>(found.cause, codesOfMissing);
-    if (found.entry == nullptr) return Answer<std::string>::missing();
-    if (found.entry->directory) return Answer<std::string>::refused(accessDenied);
+    if (const auto reason = unopened(fileKind(path), path)) return *reason;
+    if (!described::isDescribedPath(path)) return nativeContents(withoutEnd(path), maximumBytes);
     const auto& contents = described::machine().files.contents;
-    const auto text = contents.find(found.key);
+    const auto text = contents.find(described::lookUp(described::machine(), path).key);
     if (text == contents.end()) {
         return Answer<std::string>::failed(
             0, L"the description of the machine does not hold the contents of this file");
     }
     if (text->second.cause.any) return answerOf<std::string>(text->second.cause, codesOfMissing);
-    if (text->second.bytes.size() > maximumBytes) return tooLarge();
+    if (text->second.bytes.size() > maximumBytes) return tooLarge(maximumBytes);
     return text->second.bytes;
 }
 

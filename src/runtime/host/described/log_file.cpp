@@ -58,8 +58,10 @@ Answer<std::unique_ptr<AppendedFile>> openForAppending(const std::wstring& name,
     const bool unfinished = endsWithinALine(nativeName);
     const int flags = O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK;
     const int descriptor = open(nativeName.c_str(), flags, 0666);
-    if (descriptor < 0)
-        return described::answerOf<std::unique_ptr<AppendedFile>>(described::nativeCause(errno));
+    if (descriptor < 0) {
+        const int error = errno == ENOENT ? ENOTDIR : errno;  // what can be missing is the directory
+        return described::answerOf<std::unique_ptr<AppendedFile>>(described::nativeCause(error));
+    }
     auto file = std::make_unique<NativeFile>(descriptor);
     if (unfinished) file->append("\r\n");
     return Result(std::move(file));

@@ -16,6 +16,7 @@
 namespace {
 
 constexpr DWORD fileNotFound = 2;
+constexpr DWORD pathNotFound = 3;
 constexpr DWORD accessDenied = 5;
 constexpr DWORD invalidHandle = 6;
 constexpr DWORD notEnoughMemory = 8;
@@ -79,7 +80,7 @@ bool currentUserHas(const host::Sid& sid) {
     const described::Directory& directory = described::directory();
     for (const auto kind :
          {described::GroupKind::local, described::GroupKind::domainLocal, described::GroupKind::global}) {
-        const auto groups = directory.groupsOf(currentAccount(), kind, true);
+        const auto groups = directory.groupsOf(currentAccount(), kind, described::Reach::throughAllGroups);
         if (!groups) continue;
         for (const host::Account& group : *groups) {
             if (group.sid == sid) return true;
@@ -98,6 +99,13 @@ std::string nativeMode(const wchar_t* mode) {
         if (*mode != L't') result += static_cast<char>(*mode);
     }
     return result.empty() ? result : result + "e";
+}
+
+/// Whether there is a directory in which the file could stand.
+bool isBelowDirectory(const std::string& name) {
+    const std::size_t end = name.rfind('/');
+    if (end == std::string::npos) return !name.empty();
+    return access(name.substr(0, end + 1).c_str(), F_OK) == 0;
 }
 
 }  // namespace
@@ -138,8 +146,10 @@ BOOL DeleteFileW(const wchar_t* path) {
                     : found.entry != nullptr ? accessDenied
                                              : fileNotFound);
     }
-    if (unlink(described::nativeName(path).c_str()) == 0) return 1;
-    return fail(described::windowsCodeOf(errno));
+    const std::string name = described::nativeName(path);
+    if (unlink(name.c_str()) == 0) return 1;
+    const int error = errno;
+    return fail(error == ENOENT && !isBelowDirectory(name) ? pathNotFound : described::windowsCodeOf(error));
 }
 
 BOOL GetUserNameW(wchar_t* buffer, DWORD* size) {

@@ -70,8 +70,8 @@ void readFolders(std::wstring_view text, host::VolumeFacts& facts) {
     std::sort(facts.folders.begin(), facts.folders.end());
 }
 
-/// What follows the type, in any order: a file system, a label in quotes, a size, "free SIZE", a cause;
-/// "folders ..." last. False for what is none of them.
+/// What follows the type, in any order: a file system, a label in quotes, a size, "free SIZE", a cause,
+/// "paths CAUSE"; "folders ..." last. False for what is none of them.
 bool readVolumeDetail(Scanner& scanner, VolumeDescription& volume) {
     host::VolumeFacts& facts = volume.facts;
     if (const auto label = scanner.quotedText()) {
@@ -87,6 +87,10 @@ bool readVolumeDetail(Scanner& scanner, VolumeDescription& volume) {
     } else if (scanner.take(L"folders")) {
         readFolders(scanner.rest(), facts);
         scanner = Scanner({});
+    } else if (scanner.take(L"paths")) {
+        const auto unanswered = scanner.cause();
+        if (!unanswered) return false;
+        facts.paths = answerOf<host::Done>(*unanswered);
     } else if (scanner.take(L"device")) {
         facts.device = scanner.word();
         return !facts.device.empty();

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <string_view>
+
 #include "runtime/host/described/environment.h"
 #include "runtime/host/described/fold.h"
 #include "runtime/host/described/state.h"
@@ -7,7 +10,9 @@ namespace host {
 
 namespace {
 
+constexpr std::uint32_t invalidParameter = 87;
 constexpr std::uint32_t badPathName = 161;
+constexpr std::size_t longestKeyName = 255;
 
 /// A key, or why there is none.
 struct FoundKey {
@@ -15,18 +20,31 @@ struct FoundKey {
     described::Cause cause;
 };
 
+bool hasTooLongName(std::wstring_view keyPath) {
+    for (;;) {
+        const std::size_t end = keyPath.find(L'\\');
+        if (std::min(end, keyPath.size()) > longestKeyName) return true;
+        if (end == std::wstring_view::npos) return false;
+        keyPath.remove_prefix(end + 1);
+    }
+}
+
+/// As on Windows, who may not read a key is told all the same that nothing stands below it.
 FoundKey findKey(const std::wstring& keyPath) {
+    static const described::RegistryKey hive;
+    if (keyPath.empty()) return {&hive, {}};
     if (keyPath.starts_with(L'\\')) return {nullptr, {true, false, badPathName}};
+    if (hasTooLongName(keyPath)) return {nullptr, {true, false, invalidParameter}};
     const described::Registry& registry = described::machine().registry;
     std::wstring path = described::folded(keyPath);
     while (path.ends_with(L'\\'))
         path.pop_back();
+    const auto found = registry.find(path);
+    if (found == registry.end()) return {};
     for (std::size_t end = path.find(L'\\'); end != std::wstring::npos; end = path.find(L'\\', end + 1)) {
         const auto above = registry.find(path.substr(0, end));
         if (above != registry.end() && above->second.cause.any) return {nullptr, above->second.cause};
     }
-    const auto found = registry.find(path);
-    if (found == registry.end()) return {};
     return {&found->second, found->second.cause};
 }
 

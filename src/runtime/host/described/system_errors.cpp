@@ -152,6 +152,7 @@ constexpr ErrorText errorTexts[] = {
     {1812, L"The specified image file did not contain a resource section."},
     {1813, L"The specified resource type cannot be found in the image file."},
     {1816, L"Not enough quota is available to process this command."},
+    {1908, L"Could not find the domain controller for this domain."},
     {1909, L"The referenced account is currently locked out and may not be logged on to."},
     {1921, L"The name of the file cannot be resolved by the system."},
     {2102, L"The workstation driver is not installed."},

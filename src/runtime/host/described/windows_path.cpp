@@ -25,13 +25,10 @@ std::wstring_view deviceRootOf(std::wstring_view path) {
     return has ? path.substr(0, 3) : std::wstring_view();
 }
 
-/// "C:", "\\server\share", or nothing for a path that begins at no root.
-std::wstring_view rootOf(std::wstring_view path) {
-    if (hasDrive(path)) return path.substr(0, 2);
-    if (!path.starts_with(L"\\\\")) return {};
-    const std::size_t server = path.find(L'\\', 2);
-    if (server == std::wstring_view::npos) return path;
-    return path.substr(0, path.find(L'\\', server + 1));
+/// The name of a directory on the way loses one period at its end; a name of periods alone keeps them.
+std::wstring_view withoutPeriodAtEnd(std::wstring_view part) {
+    const bool ends = part.ends_with(L'.') && part.find_first_not_of(L'.') != std::wstring_view::npos;
+    return ends ? part.substr(0, part.size() - 1) : part;
 }
 
 void appendParts(Parts& parts, std::wstring_view path) {
@@ -41,7 +38,7 @@ void appendParts(Parts& parts, std::wstring_view path) {
         path.remove_prefix(end == std::wstring_view::npos ? path.size() : end + 1);
         if (part.empty() || part == L".") continue;
         if (part != L"..") {
-            parts.push_back(part);
+            parts.push_back(end == std::wstring_view::npos ? part : withoutPeriodAtEnd(part));
         } else if (!parts.empty()) {
             parts.pop_back();
         }
@@ -55,6 +52,14 @@ void trimLastName(std::wstring& path, std::size_t rootLength) {
 }
 
 }  // namespace
+
+std::wstring_view rootOf(std::wstring_view path) {
+    if (hasDrive(path)) return path.substr(0, 2);
+    if (!path.starts_with(L"\\\\")) return {};
+    const std::size_t server = path.find(L'\\', 2);
+    if (server == std::wstring_view::npos) return path;
+    return path.substr(0, path.find(L'\\', server + 1));
+}
 
 bool isDescribedPath(std::wstring_view path) {
     return !path.empty() && (path[0] == L'\\' || path[0] == L'/' || hasDrive(path));
@@ -86,8 +91,11 @@ std::wstring fullPath(std::wstring_view given, std::wstring_view currentDirector
 }
 
 std::wstring pathKey(std::wstring_view fullPath) {
-    if (fullPath.starts_with(L"\\\\?\\") && hasDrive(fullPath.substr(4))) fullPath.remove_prefix(4);
+    const bool isDevice = !deviceRootOf(fullPath).empty() && hasDrive(fullPath.substr(4));
+    if (isDevice && (fullPath[2] == L'?' || fullPath.substr(6).starts_with(L'\\'))) fullPath.remove_prefix(4);
+    constexpr std::wstring_view share = L"\\\\?\\unc\\";
     std::wstring key = folded(fullPath);
+    if (key.starts_with(share)) key.replace(0, share.size(), L"\\\\");
     while (!key.empty() && key.back() == L'\\')
         key.pop_back();
     return key;

@@ -17,6 +17,9 @@ std::wstring fullPath(std::wstring_view path, std::wstring_view currentDirectory
 /// The form under which a description keeps a full path: folded, without "\" at the end. "C:\" becomes "c:".
 std::wstring pathKey(std::wstring_view fullPath);
 
+/// "C:", "\\server\share", or nothing for a path that begins at no root.
+std::wstring_view rootOf(std::wstring_view path);
+
 /// The key of the directory above; empty when there is none.
 std::wstring parentKey(std::wstring_view key);
 

@@ -22,8 +22,7 @@ Answer<Account> without(DWORD code) {
 /// A bare name belongs to this computer; asked for as it stands, every trusted domain would be searched for
 /// it.
 Answer<Account> accountHere(const std::wstring& name) {
-    const Account account = windows::groupAccounts({}).of({name}).front();
-    return account.sid.empty() ? Answer<Account>::missing() : Answer<Account>(account);
+    return windows::groupAccounts({}).one(name);
 }
 
 }  // namespace

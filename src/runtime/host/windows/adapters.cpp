@@ -1,5 +1,7 @@
+#include "runtime/host/os.h"
+
 #include <winsock2.h>
-#include <ws2ipdef.h>
+#include <ws2tcpip.h>
 
 #include <iphlpapi.h>
 
@@ -28,17 +30,23 @@ std::wstring addressText(const SOCKADDR& address) {
     if (address.sa_family == AF_INET) {
         return addressText("RtlIpv4AddressToStringW", reinterpret_cast<const sockaddr_in&>(address).sin_addr);
     }
-    if (address.sa_family == AF_INET6) {
-        return addressText("RtlIpv6AddressToStringW",
-                           reinterpret_cast<const sockaddr_in6&>(address).sin6_addr);
-    }
-    return {};
+    if (address.sa_family != AF_INET6) return {};
+    // A link-local address says nothing without the link.
+    const auto& six = reinterpret_cast<const sockaddr_in6&>(address);
+    const std::wstring scope = six.sin6_scope_id != 0 ? L"%" + std::to_wstring(six.sin6_scope_id) : L"";
+    return addressText("RtlIpv6AddressToStringW", six.sin6_addr) + scope;
+}
+
+/// Whether the adapter answers under the address: one that is still tried, or that another computer has, is none.
+bool isInUse(const IP_ADAPTER_UNICAST_ADDRESS& address) {
+    return address.Address.lpSockaddr != nullptr && address.DadState >= IpDadStateDeprecated;
 }
 
 AdapterFacts factsOf(const Record& record) {
     AdapterFacts facts;
     facts.name = record.FriendlyName != nullptr ? record.FriendlyName : L"";
     for (const auto* unicast = record.FirstUnicastAddress; unicast != nullptr; unicast = unicast->Next) {
+        if (!isInUse(*unicast)) continue;
         std::wstring text = addressText(*unicast->Address.lpSockaddr);
         if (!text.empty()) facts.addresses.push_back(std::move(text));
     }
@@ -62,7 +70,7 @@ Answer<std::vector<AdapterFacts>> adapters() {
         return code;
     });
     std::vector<AdapterFacts> found;
-    if (filled.code == ERROR_NO_DATA) return found;
+    if (filled.code == ERROR_NO_DATA || filled.code == ERROR_ADDRESS_NOT_ASSOCIATED) return found;
     if (filled.code != ERROR_SUCCESS) return windows::unanswered<std::vector<AdapterFacts>>(filled.code);
     for (const Record* record = records.data(); record != nullptr; record = record->Next) {
         const bool up = record->OperStatus == IfOperStatusUp && record->IfType != IF_TYPE_SOFTWARE_LOOPBACK;

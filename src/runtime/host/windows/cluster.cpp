@@ -9,7 +9,7 @@ namespace {
 
 using windows::clusterLibrary;
 
-constexpr DWORD stateNotInstalled = 0, stateNotConfigured = 1, stateNotRunning = 3;
+constexpr DWORD stateNotInstalled = 0, stateNotConfigured = 1, stateNotRunning = 3, stateRunning = 19;
 constexpr DWORD nodes = 1, groups = 8;
 
 std::wstring nameOfNodeState(int state) {
@@ -22,12 +22,25 @@ std::wstring nameOfGroupState(int state) {
     return state >= 0 && static_cast<std::size_t>(state) < std::size(names) ? names[state] : L"unknown";
 }
 
+/// Why something could not be opened; never "success".
+DWORD lastError() {
+    const DWORD code = GetLastError();
+    return code != ERROR_SUCCESS ? code : ERROR_INVALID_DATA;
+}
+
+/// The state of what did not tell it.
+std::wstring unknownState(DWORD code) {
+    return L"unknown, system error " + std::to_wstring(code);
+}
+
 /// Hands the name of every object of a kind to `take`; returns the code with which the list ended.
 template <class Take>
 DWORD forEach(const windows::ClusterHandle& cluster, DWORD kind, Take take) {
     const windows::ClusterEnumHandle list(clusterLibrary().openEnum(cluster.get(), kind));
-    if (!list) return GetLastError();
-    for (DWORD index = 0;; ++index) {
+    if (!list) return lastError();
+    // No cluster has more; a list that goes on is none.
+    constexpr DWORD mostObjects = 65536;
+    for (DWORD index = 0; index < mostObjects; ++index) {
         const windows::FilledText name = windows::fillText([&](wchar_t* units, DWORD& size) {
             DWORD found = 0, characters = size;
             const DWORD code = clusterLibrary().next(list.get(), index, &found, units, &characters);
@@ -38,19 +51,20 @@ DWORD forEach(const windows::ClusterHandle& cluster, DWORD kind, Take take) {
         if (name.code != ERROR_SUCCESS) return name.code;
         take(name.text);
     }
+    return ERROR_INVALID_DATA;
 }
 
 ClusterNode nodeOf(const windows::ClusterHandle& cluster, const std::wstring& name) {
     const windows::ClusterNodeHandle node(
         clusterLibrary().openNode(cluster.get(), name.c_str(), GENERIC_READ, nullptr));
-    return {name, nameOfNodeState(node ? clusterLibrary().nodeState(node.get()) : -1)};
+    if (!node) return {name, unknownState(GetLastError())};
+    return {name, nameOfNodeState(clusterLibrary().nodeState(node.get()))};
 }
 
 ClusterGroup groupOf(const windows::ClusterHandle& cluster, const std::wstring& name) {
-    ClusterGroup facts{name, {}, nameOfGroupState(-1)};
     const windows::ClusterGroupHandle group(
         clusterLibrary().openGroup(cluster.get(), name.c_str(), GENERIC_READ, nullptr));
-    if (!group) return facts;
+    if (!group) return {name, {}, unknownState(GetLastError())};
     int state = -1;
     const windows::FilledText owner = windows::fillText([&](wchar_t* units, DWORD& size) -> DWORD {
         DWORD characters = size;
@@ -58,13 +72,14 @@ ClusterGroup groupOf(const windows::ClusterHandle& cluster, const std::wstring& 
         size = characters + 1;
         return state >= 0 ? ERROR_SUCCESS : GetLastError();
     });
+    if (owner.code != ERROR_SUCCESS) return {name, {}, unknownState(owner.code)};
     return {name, owner.text, nameOfGroupState(state)};
 }
 
 DWORD readCluster(ClusterFacts& facts) {
     if (const DWORD missing = clusterLibrary().error(); missing != ERROR_SUCCESS) return missing;
     const windows::ClusterHandle cluster(clusterLibrary().openCluster(nullptr, GENERIC_READ, nullptr));
-    if (!cluster) return GetLastError();
+    if (!cluster) return lastError();
     const windows::FilledText name = windows::fillText([&](wchar_t* units, DWORD& size) {
         DWORD characters = size;
         const DWORD code = clusterLibrary().clusterInformation(cluster.get(), units, &characters, nullptr);
@@ -91,6 +106,9 @@ Answer<Done> clusterNode() {
     if (state == stateNotInstalled || state == stateNotConfigured) return {};
     if (state == stateNotRunning)
         return Answer<Done>::failed(0, L"the cluster service is not running on this node");
+    if (state != stateRunning)
+        return Answer<Done>::failed(0,
+                                    L"the cluster service is in the unknown state " + std::to_wstring(state));
     return Done{};
 }
 

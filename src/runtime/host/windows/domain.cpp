@@ -1,6 +1,7 @@
 #include "runtime/host/host.h"
 #include "runtime/host/windows/errors.h"
 #include "runtime/host/windows/net_api.h"
+#include "runtime/host/windows/text.h"
 #include "runtime/host/windows/windows_version.h"
 
 namespace host {
@@ -15,24 +16,21 @@ struct RoleMemory {
     }
 };
 
-std::wstring textOf(const wchar_t* text) {
-    return text != nullptr ? text : L"";
-}
-
 DWORD membershipByRole(Membership& membership) {
     windows::Owner<RoleMemory> memory;
     const DWORD code =
         windows::netApi().roleInformation.code(nullptr, DsRolePrimaryDomainInfoBasic, memory.receive());
     if (code != ERROR_SUCCESS) return code;
+    if (memory.get() == nullptr) return ERROR_INVALID_DATA;
     const auto& info = *reinterpret_cast<const DSROLE_PRIMARY_DOMAIN_INFO_BASIC*>(memory.get());
     const auto role = info.MachineRole;
     membership.domainController =
         role == DsRole_RoleBackupDomainController || role == DsRole_RolePrimaryDomainController;
     membership.joined = membership.domainController || role == DsRole_RoleMemberWorkstation ||
                         role == DsRole_RoleMemberServer;
-    membership.domainName = textOf(info.DomainNameFlat);
-    membership.dnsDomainName = textOf(info.DomainNameDns);
-    return ERROR_SUCCESS;
+    membership.domainName = windows::textOf(info.DomainNameFlat);
+    membership.dnsDomainName = windows::textOf(info.DomainNameDns);
+    return membership.joined && membership.domainName.empty() ? ERROR_INVALID_DATA : ERROR_SUCCESS;
 }
 
 DWORD membershipByJoin(Membership& membership) {
@@ -45,13 +43,13 @@ DWORD membershipByJoin(Membership& membership) {
     membership.joined = status == NetSetupDomainName;
     membership.domainController =
         version.found() && version.value.role == windows::KernelVersion::Role::domainController;
-    membership.domainName = textOf(name.get());
-    return ERROR_SUCCESS;
+    membership.domainName = windows::textOf(name.get());
+    return membership.joined && membership.domainName.empty() ? ERROR_INVALID_DATA : ERROR_SUCCESS;
 }
 
 /// "\\dc01.corp.example" is "dc01.corp.example".
 std::wstring withoutBackslashes(const wchar_t* name) {
-    const std::wstring text = textOf(name);
+    const std::wstring text = windows::textOf(name);
     return text.substr(std::min(text.find_first_not_of(L'\\'), text.size()));
 }
 
@@ -66,22 +64,28 @@ std::wstring computerName(const std::wstring& name) {
 Answer<Membership> membership() {
     Membership membership;
     if (membershipByRole(membership) == ERROR_SUCCESS) return membership;
+    membership = {};
     const DWORD code = membershipByJoin(membership);
     return code == ERROR_SUCCESS ? membership : windows::unanswered<Membership>(code);
 }
 
-Answer<std::wstring> domainController(const std::wstring& domainName, bool primary, bool rediscover) {
-    // Without the kind of the name, both kinds are tried, each with its own delays.
-    const bool dns = domainName.find(L'.') != std::wstring::npos;
-    ULONG flags = 0;
-    if (!domainName.empty()) flags |= dns ? DS_IS_DNS_NAME : DS_IS_FLAT_NAME;
+Answer<std::wstring> domainController(const Membership& membership, bool primary, bool rediscover) {
+    if (!membership.joined) return {};
+    // The flat name is of use only where such names are still broadcast. Without the kind of the name, both
+    // kinds would be tried, each with its own delays.
+    const bool dns = !membership.dnsDomainName.empty();
+    const std::wstring& domainName = dns ? membership.dnsDomainName : membership.domainName;
+    ULONG flags = dns ? DS_IS_DNS_NAME | DS_RETURN_DNS_NAME : DS_IS_FLAT_NAME;
     if (primary) flags |= DS_PDC_REQUIRED;
     if (rediscover) flags |= DS_FORCE_REDISCOVERY;
     windows::Owner<windows::NetBufferTraits<PDOMAIN_CONTROLLER_INFOW>> info;
-    const DWORD code = windows::netApi().getDcName.code(
-        nullptr, domainName.empty() ? nullptr : domainName.c_str(), nullptr, nullptr, flags, info.receive());
+    const DWORD code = windows::netApi().getDcName.code(nullptr, domainName.c_str(), nullptr, nullptr, flags,
+                                                        info.receive());
     if (code != ERROR_SUCCESS) return windows::unanswered<std::wstring>(code);
-    const std::wstring name = withoutBackslashes(info->DomainControllerName);
+    const std::wstring name =
+        info.get() != nullptr ? withoutBackslashes(info->DomainControllerName) : std::wstring();
+    // No name at all would mean this computer.
+    if (name.empty()) return windows::unanswered<std::wstring>(ERROR_DOMAIN_CONTROLLER_NOT_FOUND);
     return primary ? computerName(name) : name;
 }
 

@@ -16,7 +16,13 @@ inline bool isRefusal(DWORD code) noexcept {
         case ERROR_PRIVILEGE_NOT_HELD:
         case ERROR_LOGON_FAILURE:
         case ERROR_ACCOUNT_RESTRICTION:
-        case ERROR_ACCOUNT_DISABLED: return true;
+        case ERROR_INVALID_LOGON_HOURS:
+        case ERROR_INVALID_WORKSTATION:
+        case ERROR_PASSWORD_EXPIRED:
+        case ERROR_ACCOUNT_DISABLED:
+        case ERROR_LOGON_TYPE_NOT_GRANTED:
+        case ERROR_PASSWORD_MUST_CHANGE:
+        case ERROR_ACCOUNT_LOCKED_OUT: return true;
         default: return false;
     }
 }

@@ -33,7 +33,18 @@ std::vector<Account> GroupAccounts::of(const std::vector<std::wstring>& names) {
     return accounts;
 }
 
-void GroupAccounts::lookUp(const std::vector<std::wstring>& names, std::size_t first, std::size_t end) {
+Answer<Account> GroupAccounts::one(const std::wstring& name) {
+    if (m_domain.name.empty()) m_domain = accountDomain(m_server).value;
+    if (!m_known.contains(name)) {
+        const Answer<Done> asked = lookUp({name}, 0, 1);
+        if (!asked.found()) return Answer<Account>::without(asked);
+    }
+    const Account& account = m_known.at(name);
+    return account.sid.empty() ? Answer<Account>::missing() : Answer<Account>(account);
+}
+
+Answer<Done> GroupAccounts::lookUp(const std::vector<std::wstring>& names, std::size_t first,
+                                   std::size_t end) {
     // Never a bare name: it would be looked for in every trusted domain.
     std::vector<std::wstring> asked;
     const std::wstring& own = m_domain.name.empty() ? m_builtin : m_domain.name;
@@ -42,8 +53,7 @@ void GroupAccounts::lookUp(const std::vector<std::wstring>& names, std::size_t f
     for (std::size_t i = first; i < end; ++i)
         asked.push_back(m_builtin + L'\\' + names[i]);
     const Answer<std::vector<Account>> found = accountsOfNames(m_server, asked);
-
-    if (!found.found()) return;
+    if (!found.found()) return Answer<Done>::without(found);
 
     const std::size_t count = end - first;
     for (std::size_t i = 0; i < count; ++i) {
@@ -53,6 +63,7 @@ void GroupAccounts::lookUp(const std::vector<std::wstring>& names, std::size_t f
         if (!direct.sid.empty() || !builtin.sid.empty()) account = direct.sid.empty() ? builtin : direct;
         m_known.insert_or_assign(names[first + i], std::move(account));
     }
+    return Done{};
 }
 
 GroupAccounts& groupAccounts(const std::wstring& server) {

@@ -19,10 +19,13 @@ public:
     /// cannot be looked up has its name, the account domain's and no SID.
     std::vector<Account> of(const std::vector<std::wstring>& names);
 
+    /// The account of one name; missing where there is none, unanswered where that cannot be asked.
+    Answer<Account> one(const std::wstring& name);
+
     const AccountDomain& domain() const { return m_domain; }
 
 private:
-    void lookUp(const std::vector<std::wstring>& names, std::size_t first, std::size_t end);
+    Answer<Done> lookUp(const std::vector<std::wstring>& names, std::size_t first, std::size_t end);
 
     std::wstring m_server;
     AccountDomain m_domain;

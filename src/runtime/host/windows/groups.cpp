@@ -14,8 +14,8 @@ using Accounts = std::vector<Account>;
 template <class Item>
 Names namesOf(const windows::NetItems<Item>& list, DWORD count, wchar_t* Item::*name) {
     Names names;
-    for (DWORD i = 0; list.items() != nullptr && i < count; ++i)
-        names.emplace_back(list.items()[i].*name);
+    for (const Item& item : list.items(count))
+        names.emplace_back(item.*name);
     return names;
 }
 
@@ -27,7 +27,7 @@ std::wstring nameAt(const windows::GroupAccounts& groups, const Account& user) {
 
 /// An account that has vanished is "not there".
 Answer<Accounts> without(DWORD code) {
-    const bool missing = code == NERR_UserNotFound || code == ERROR_NO_SUCH_USER;
+    const bool missing = code == NERR_UserNotFound || code == ERROR_NO_SUCH_USER || code == ERROR_NONE_MAPPED;
     return missing ? Answer<Accounts>::missing() : windows::unanswered<Accounts>(code);
 }
 
@@ -37,8 +37,10 @@ DWORD localGroupNames(const std::wstring& server, const std::wstring& user, DWOR
     const DWORD code =
         windows::netApi().userGetLocalGroups.code(windows::ServerName(server).get(), user.c_str(), 0, flags,
                                                   list.receive(), MAX_PREFERRED_LENGTH, &count, &total);
-    if (code == ERROR_SUCCESS) names = namesOf(list, count, &LOCALGROUP_USERS_INFO_0::lgrui0_name);
-    return code;
+    if (code != ERROR_SUCCESS) return code;
+    if (!list.areWhole(count, &LOCALGROUP_USERS_INFO_0::lgrui0_name)) return ERROR_INVALID_DATA;
+    names = namesOf(list, count, &LOCALGROUP_USERS_INFO_0::lgrui0_name);
+    return ERROR_SUCCESS;
 }
 
 }  // namespace
@@ -51,10 +53,13 @@ Answer<AccountPage> localGroups(const AccountSource& source, std::uint64_t curso
         windows::netApi().localGroupEnum.code(windows::ServerName(source.server).get(), 0, list.receive(),
                                               MAX_PREFERRED_LENGTH, &count, &total, &resume);
     if (code != ERROR_SUCCESS && code != ERROR_MORE_DATA) return windows::unanswered<AccountPage>(code);
+    if (!list.areWhole(count, &LOCALGROUP_INFO_0::lgrpi0_name))
+        return windows::unanswered<AccountPage>(ERROR_INVALID_DATA);
     AccountPage page;
     page.items =
         windows::groupAccounts(source.server).of(namesOf(list, count, &LOCALGROUP_INFO_0::lgrpi0_name));
     page.next = resume;
+    page.nextIsHandle = true;
     page.more = code == ERROR_MORE_DATA;
     return page;
 }
@@ -77,6 +82,7 @@ Answer<Accounts> globalGroupsOf(const AccountSource& source, const Account& user
         windows::netApi().userGetGroups.code(windows::ServerName(source.server).get(), user.name.c_str(), 0,
                                              list.receive(), MAX_PREFERRED_LENGTH, &count, &total);
     if (code != ERROR_SUCCESS) return without(code);
+    if (!list.areWhole(count, &GROUP_USERS_INFO_0::grui0_name)) return without(ERROR_INVALID_DATA);
     return windows::groupAccounts(source.server).of(namesOf(list, count, &GROUP_USERS_INFO_0::grui0_name));
 }
 

@@ -28,6 +28,9 @@ std::wstring withoutArguments(const std::wstring& command) {
     return command;
 }
 
+/// Where the kernel keeps its devices.
+constexpr std::wstring_view device = L"\\Device\\";
+
 bool isAbsolute(const std::wstring& path) {
     return path.starts_with(L"\\\\") || (path.size() > 1 && path[1] == L':');
 }
@@ -41,8 +44,13 @@ std::wstring imagePathFrom(const std::wstring& configured, const std::wstring& s
     const bool named = take(L"\\SystemRoot\\", path) || take(L"%SystemRoot%\\", path) ||
                        take(L"%windir%\\", path) || take(L"SystemRoot\\", path);
     if (named) return windowsDirectory + L"\\" + path;
-    if (take(L"\\??\\UNC\\", path)) return L"\\\\" + path;
-    if (take(L"\\??\\", path) || isAbsolute(path)) return path;
+    const bool underDosNames =
+        take(L"\\??\\", path) || take(L"\\DosDevices\\", path) || take(L"\\GLOBAL??\\", path);
+    if (underDosNames && take(L"UNC\\", path)) return L"\\\\" + path;
+    if (underDosNames) return isAbsolute(path) ? path : L"\\\\?\\" + path;
+    if (isAbsolute(path)) return path;
+    if (equalIgnoringCase(std::wstring_view(path).substr(0, device.size()), device))
+        return L"\\\\?\\GLOBALROOT" + path;
     if (path.starts_with(L'\\')) return windowsDirectory.substr(0, 2) + path;
     return windowsDirectory + L"\\" + path;
 }

@@ -9,6 +9,7 @@
 #include "runtime/host/windows/errors.h"
 #include "runtime/host/windows/net_api.h"
 #include "runtime/host/windows/sids.h"
+#include "runtime/host/windows/text.h"
 
 namespace host::windows {
 
@@ -43,6 +44,12 @@ DWORD openPolicy(const std::wstring& server, ACCESS_MASK access, PolicyHandle& p
         LsaOpenPolicy(server.empty() ? nullptr : &system, &attributes, access, policy.receive()));
 }
 
+/// Accounts need the name and the SID of their domain.
+Answer<AccountDomain> wholeDomain(AccountDomain domain) {
+    if (domain.name.empty() || domain.sid.empty()) return unanswered<AccountDomain>(ERROR_INVALID_DATA);
+    return domain;
+}
+
 Answer<AccountDomain> accountDomainHere() {
     PolicyHandle policy;
     const DWORD opened = openPolicy({}, POLICY_VIEW_LOCAL_INFORMATION, policy);
@@ -51,8 +58,9 @@ Answer<AccountDomain> accountDomainHere() {
     const NTSTATUS status = LsaQueryInformationPolicy(policy.get(), PolicyAccountDomainInformation, &memory);
     const LsaMemory<void*> owner(memory);
     if (status != 0) return unanswered<AccountDomain>(LsaNtStatusToWinError(status));
+    if (memory == nullptr) return unanswered<AccountDomain>(ERROR_INVALID_DATA);
     const auto& info = *static_cast<const POLICY_ACCOUNT_DOMAIN_INFO*>(memory);
-    return AccountDomain{textOf(info.DomainName), sidFrom(info.DomainSid)};
+    return wholeDomain({textOf(info.DomainName), sidFrom(info.DomainSid)});
 }
 
 Answer<AccountDomain> accountDomainAt(const std::wstring& server) {
@@ -60,9 +68,9 @@ Answer<AccountDomain> accountDomainAt(const std::wstring& server) {
     NetItems<USER_MODALS_INFO_2> memory;
     const DWORD code = netApi().userModalsGet.code(ServerName(server).get(), domainLevel, memory.receive());
     if (code != ERROR_SUCCESS) return unanswered<AccountDomain>(code);
-    const USER_MODALS_INFO_2& info = *memory.items();
-    return AccountDomain{info.usrmod2_domain_name != nullptr ? info.usrmod2_domain_name : L"",
-                         sidFrom(info.usrmod2_domain_id)};
+    if (memory.first() == nullptr) return unanswered<AccountDomain>(ERROR_INVALID_DATA);
+    const USER_MODALS_INFO_2& info = *memory.first();
+    return wholeDomain({windows::textOf(info.usrmod2_domain_name), sidFrom(info.usrmod2_domain_id)});
 }
 
 Account accountOf(const LSA_TRANSLATED_SID2& translated, const LSA_REFERENCED_DOMAIN_LIST* domains) {

@@ -35,13 +35,12 @@ Answer<AccountPage> globalGroups(const AccountSource& source, std::uint64_t curs
         windows::ServerName(source.server).get(), groupLevel, static_cast<DWORD>(cursor), groupsOfPage,
         MAX_PREFERRED_LENGTH, &count, list.receive());
     if (!isPage(code)) return windows::unanswered<AccountPage>(code);
+    if (!list.areWhole(count, &NET_DISPLAY_GROUP::grpi3_name)) return without(ERROR_INVALID_DATA);
     AccountPage page;
     page.next = cursor;
     page.more = code == ERROR_MORE_DATA;
-    for (DWORD i = 0; list.items() != nullptr && i < count; ++i) {
-        const NET_DISPLAY_GROUP& group = list.items()[i];
+    for (const NET_DISPLAY_GROUP& group : list.items(count)) {
         page.next = group.grpi3_next_index;
-        if (group.grpi3_name == nullptr) continue;
         page.items.push_back({domain.value.name, group.grpi3_name,
                               windows::accountIn(domain.value.sid, group.grpi3_group_id)});
     }
@@ -58,11 +57,12 @@ Answer<AccountPage> localGroupMembers(const AccountSource& source, const Account
         windows::ServerName(source.server).get(), group.name.c_str(), 0, list.receive(), MAX_PREFERRED_LENGTH,
         &count, &total, &resume);
     if (!isPage(code)) return without(code);
+    if (!list.areWhole(count, &LOCALGROUP_MEMBERS_INFO_0::lgrmi0_sid)) return without(ERROR_INVALID_DATA);
     AccountPage page;
-    for (DWORD i = 0; list.items() != nullptr && i < count; ++i) {
-        page.items.push_back({{}, {}, windows::sidFrom(list.items()[i].lgrmi0_sid)});
-    }
+    for (const LOCALGROUP_MEMBERS_INFO_0& member : list.items(count))
+        page.items.push_back({{}, {}, windows::sidFrom(member.lgrmi0_sid)});
     page.next = resume;
+    page.nextIsHandle = true;
     page.more = code == ERROR_MORE_DATA;
     return page;
 }
@@ -76,12 +76,12 @@ Answer<AccountPage> globalGroupMembers(const AccountSource& source, const Accoun
         windows::netApi().groupGetUsers.code(windows::ServerName(source.server).get(), group.name.c_str(), 0,
                                              list.receive(), MAX_PREFERRED_LENGTH, &count, &total, &resume);
     if (!isPage(code)) return without(code);
+    if (!list.areWhole(count, &GROUP_USERS_INFO_0::grui0_name)) return without(ERROR_INVALID_DATA);
     AccountPage page;
-    for (DWORD i = 0; list.items() != nullptr && i < count; ++i) {
-        const wchar_t* name = list.items()[i].grui0_name;
-        if (name != nullptr) page.items.push_back({group.domain, name, {}});
-    }
+    for (const GROUP_USERS_INFO_0& member : list.items(count))
+        page.items.push_back({group.domain, member.grui0_name, {}});
     page.next = resume;
+    page.nextIsHandle = true;
     page.more = code == ERROR_MORE_DATA;
     return page;
 }

@@ -4,10 +4,15 @@
 
 #include "runtime/host/os.h"
 
+// For a type that the next one names.
+#include <winsock2.h>
+
 #include <dsgetdc.h>
 #include <dsrole.h>
 #include <lm.h>
 
+#include <algorithm>
+#include <span>
 #include <string>
 
 #include "runtime/host/windows/library.h"
@@ -17,6 +22,7 @@ namespace host::windows {
 struct NetApi {
     Library library{L"netapi32.dll"};
     Function<NET_API_STATUS(LPVOID)> bufferFree{library, "NetApiBufferFree"};
+    Function<NET_API_STATUS(LPVOID, LPDWORD)> bufferSize{library, "NetApiBufferSize"};
 
     /// As declared by the system, but for the type of the last pointer.
     Function<NET_API_STATUS(LPCWSTR, DWORD, DWORD, DWORD, DWORD, LPDWORD, BYTE**)> queryDisplayInformation{
@@ -46,13 +52,29 @@ struct NetBufferTraits {
     }
 };
 
-/// An array of `Item` in such memory.
+/// An array of `Item` in such memory, as a server filled it: nothing in it is to be relied on.
 template <class Item>
 class NetItems {
 public:
     BYTE** receive() noexcept { return m_memory.receive(); }
     /// Null where nothing was left.
-    const Item* items() const noexcept { return reinterpret_cast<const Item*>(m_memory.get()); }
+    const Item* first() const noexcept { return reinterpret_cast<const Item*>(m_memory.get()); }
+    /// The `told` items, but no more than there is memory for.
+    std::span<const Item> items(DWORD told) const noexcept {
+        if (first() == nullptr) return {};
+        DWORD bytes = 0;
+        const bool known = netApi().bufferSize.code(m_memory.get(), &bytes) == ERROR_SUCCESS;
+        const std::size_t room = known ? bytes / sizeof(Item) : told;
+        return {first(), std::min<std::size_t>(told, room)};
+    }
+    /// Whether all `told` items are there, each with what `member` refers to. A part of them is not to be
+    /// taken for the whole.
+    template <class Pointer>
+    bool areWhole(DWORD told, Pointer Item::*member) const noexcept {
+        const std::span<const Item> found = items(told);
+        return found.size() == told && std::all_of(found.begin(), found.end(),
+                                                   [&](const Item& item) { return item.*member != nullptr; });
+    }
 
 private:
     Owner<NetBufferTraits<BYTE*>> m_memory;

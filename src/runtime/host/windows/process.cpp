@@ -16,7 +16,9 @@ namespace {
     _exit(Process::abortedExitStatus);
 }
 
-extern "C" void completeOutputAndEndBySignal(int) {
+extern "C" [[noreturn]] void completeOutputAndEndBySignal(int);
+
+[[noreturn]] void completeOutputAndEndBySignal(int) {
     completeOutputAndEnd();
 }
 

@@ -9,6 +9,11 @@
 
 namespace host::windows {
 
+/// Empty where there is none.
+inline std::wstring textOf(const wchar_t* text) {
+    return text != nullptr ? text : L"";
+}
+
 /// `text` without blanks at its ends.
 inline std::wstring trimmed(std::wstring_view text) {
     const std::size_t first = text.find_first_not_of(L' ');

@@ -25,10 +25,10 @@ DWORD readPart(const wchar_t* server, DWORD index, const windows::AccountDomain&
     const DWORD code = windows::netApi().queryDisplayInformation.code(
         server, userLevel, index, usersOfPage, MAX_PREFERRED_LENGTH, &count, part.receive());
     if (code != ERROR_SUCCESS && code != ERROR_MORE_DATA) return code;
+    if (!part.areWhole(count, &NET_DISPLAY_USER::usri1_name)) return ERROR_INVALID_DATA;
     page.next = index;
     page.more = code == ERROR_MORE_DATA;
-    for (DWORD i = 0; part.items() != nullptr && i < count; ++i) {
-        const NET_DISPLAY_USER& user = part.items()[i];
+    for (const NET_DISPLAY_USER& user : part.items(count)) {
         page.next = user.usri1_next_index;
         if (belongsToMachine(user)) continue;
         page.items.push_back(
@@ -46,12 +46,14 @@ Answer<AccountPage> users(const AccountSource& source, std::uint64_t cursor) {
     AccountPage page;
     page.next = cursor;
     // A part may hold nothing but machines; a page without users would look like a list that makes no
-    // progress.
-    for (;;) {
+    // progress. More machines than that there are nowhere.
+    constexpr int mostPartsOfMachines = 100'000;
+    for (int part = 1;; ++part) {
         const auto index = static_cast<DWORD>(page.next);
         const DWORD code = readPart(windows::ServerName(source.server).get(), index, domain.value, page);
         if (code != ERROR_SUCCESS) return windows::unanswered<AccountPage>(code);
-        if (!page.items.empty() || !page.more || page.next <= index) return page;
+        const bool goesOn = page.more && page.next > index && part < mostPartsOfMachines;
+        if (!page.items.empty() || !goesOn) return page;
     }
 }
 

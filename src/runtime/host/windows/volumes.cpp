@@ -1,7 +1,7 @@
 #include <algorithm>
-#include <cwctype>
 
 #include "runtime/host/host.h"
+#include "runtime/host/volume_paths.h"
 #include "runtime/host/windows/buffer.h"
 #include "runtime/host/windows/errors.h"
 #include "runtime/host/windows/handle.h"
@@ -32,7 +32,7 @@ VolumeNames volumeNames() {
 }
 
 /// The paths at which the volume is mounted: "C:\", "C:\mnt\data\".
-std::vector<std::wstring> mountPaths(const std::wstring& device) {
+Answer<std::vector<std::wstring>> mountPaths(const std::wstring& device) {
     std::vector<wchar_t> list;
     const windows::Filled filled = windows::fill(list, [&](wchar_t* units, DWORD& size) -> DWORD {
         DWORD needed = 0;
@@ -40,8 +40,8 @@ std::vector<std::wstring> mountPaths(const std::wstring& device) {
         size = needed;
         return GetLastError();
     });
+    if (filled.code != ERROR_SUCCESS) return windows::unanswered<std::vector<std::wstring>>(filled.code);
     std::vector<std::wstring> paths;
-    if (filled.code != ERROR_SUCCESS) return paths;
     for (const wchar_t* path = list.data(); *path != L'\0'; path += paths.back().size() + 1)
         paths.emplace_back(path);
     return paths;
@@ -55,18 +55,6 @@ DriveType typeOf(const std::wstring& root) {
         case DRIVE_CDROM: return DriveType::optical;
         case DRIVE_RAMDISK: return DriveType::ramDisk;
         default: return DriveType::unknown;
-    }
-}
-
-void mountAt(std::vector<std::wstring> paths, VolumeFacts& volume) {
-    std::sort(paths.begin(), paths.end());
-    for (std::wstring& path : paths) {
-        const bool isDrive = path.size() == 3 && path[1] == L':';
-        if (isDrive && !volume.letter) {
-            volume.letter = static_cast<wchar_t>(std::towupper(static_cast<std::wint_t>(path[0])));
-            continue;
-        }
-        volume.folders.push_back(std::move(path));
     }
 }
 
@@ -91,27 +79,15 @@ void readSpace(VolumeFacts& volume) {
 VolumeFacts factsOf(const std::wstring& device) {
     VolumeFacts volume;
     volume.device = device;
-    const std::vector<std::wstring> paths = mountPaths(device);
+    const Answer<std::vector<std::wstring>> paths = mountPaths(device);
+    if (!paths.found()) volume.paths = Answer<Done>::without(paths);
     volume.type = typeOf(device);
     // Not every system knows the type by the volume's own name.
-    if (volume.type == DriveType::unknown && !paths.empty()) volume.type = typeOf(paths.front());
-    mountAt(paths, volume);
+    if (volume.type == DriveType::unknown && !paths.value.empty()) volume.type = typeOf(paths.value.front());
+    mountAt(paths.value, volume);
     readFileSystem(volume);
     readSpace(volume);
     return volume;
-}
-
-/// Lettered volumes, then those in folders only, then the rest.
-int placeOf(const VolumeFacts& volume) {
-    if (volume.letter) return 0;
-    return volume.folders.empty() ? 2 : 1;
-}
-
-bool standsBefore(const VolumeFacts& left, const VolumeFacts& right) {
-    if (placeOf(left) != placeOf(right)) return placeOf(left) < placeOf(right);
-    if (left.letter != right.letter) return left.letter < right.letter;
-    if (left.folders != right.folders) return left.folders < right.folders;
-    return left.device < right.device;
 }
 
 }  // namespace

@@ -1,5 +1,9 @@
 #include "runtime/host/windows/windows_version.h"
 
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
 #include "runtime/host/windows/library.h"
 
 namespace host::windows {
@@ -17,15 +21,41 @@ Answer<KernelVersion> kernelVersion() {
     return version;
 }
 
-std::wstring productName(std::wstring inRegistry, const KernelVersion& version) {
-    constexpr std::uint32_t firstBuildOfWindows11 = 22000;
-    constexpr std::wstring_view windows10 = L"Windows 10";
-    if (inRegistry.empty()) return L"Windows";
-    const bool windows11 =
-        version.build >= firstBuildOfWindows11 && version.role == KernelVersion::Role::workstation;
-    if (windows11 && inRegistry.starts_with(windows10))
-        inRegistry.replace(0, windows10.size(), L"Windows 11");
-    return inRegistry;
+namespace {
+
+/// What people call the builds of servers.
+struct ServerName {
+    std::uint32_t build;
+    std::wstring_view name;
+};
+constexpr ServerName serverNames[] = {
+    {9600, L"Windows Server 2012 R2"}, {14393, L"Windows Server 2016"}, {17763, L"Windows Server 2019"},
+    {20348, L"Windows Server 2022"},   {25398, L"Windows Server 23H2"}, {26100, L"Windows Server 2025"},
+};
+
+std::wstring serverName(const std::wstring& product, std::uint32_t build) {
+    constexpr std::wstring_view family = L"Windows Server ";
+    const auto known = std::find_if(std::begin(serverNames), std::end(serverNames),
+                                    [build](const ServerName& server) { return server.build == build; });
+    if (product.empty())
+        return std::wstring(known != std::end(serverNames) ? known->name : L"Windows Server");
+    const bool isRight = known == std::end(serverNames) || product.starts_with(known->name);
+    if (isRight || !product.starts_with(family)) return product;
+    // Behind the family stand year and edition: "2022 Datacenter".
+    const std::size_t edition = product.find(L' ', family.size());
+    return std::wstring(known->name) + (edition < product.size() ? product.substr(edition) : L"");
+}
+
+}  // namespace
+
+std::wstring productName(const std::wstring& inRegistry, const KernelVersion& version) {
+    if (version.role != KernelVersion::Role::workstation) return serverName(inRegistry, version.build);
+    constexpr std::uint32_t firstBuildOfWindows10 = 10240, firstBuildOfWindows11 = 22000;
+    if (version.build >= firstBuildOfWindows11 && inRegistry.starts_with(L"Windows 10"))
+        return L"Windows 11" + inRegistry.substr(std::wstring_view(L"Windows 10").size());
+    if (!inRegistry.empty()) return inRegistry;
+    if (version.build >= firstBuildOfWindows11) return L"Windows 11";
+    return version.build >= firstBuildOfWindows10 ? L"Windows 10" : L"Windows";
 }
 
 }  // namespace host::windows

@@ -32,6 +32,14 @@ TEST_F(Files, PathsAndTheDirectoriesAboveThem) {
     EXPECT_TRUE(isDirectory(L"C:\\"));
     EXPECT_TRUE(isDirectory(L"C:\\Empty"));
     EXPECT_TRUE(isFile(L"\\\\SERVER\\share\\x"));
+    EXPECT_TRUE(isFile(L"\\\\?\\UNC\\server\\share\\x"));
+    EXPECT_TRUE(isMissing(L"\\\\server\\share\\y"));
+    EXPECT_EQ(host::fileKind(L"\\\\server\\other\\x").failure.code, 53U);
+    EXPECT_EQ(host::fileKind(L"\\\\nowhere").failure.code, 53U);
+    EXPECT_EQ(host::fileKind(L"\\\\").failure.code, 53U);
+    EXPECT_TRUE(isDirectory(L"\\\\?\\C:\\Empty"));
+    EXPECT_TRUE(isMissing(L"\\\\?\\C:\\Empty\\..\\Empty"));
+    EXPECT_TRUE(isMissing(L"\\\\?\\C:/Empty"));
     EXPECT_TRUE(isMissing(L"C:\\Program Files\\HSM\\other.exe"));
     EXPECT_TRUE(isMissing(L"C:\\Program Files\\HSM\\kvxclc.exe\\below"));
     EXPECT_TRUE(isMissing(L"D:\\"));
@@ -95,7 +103,10 @@ TEST_F(Files, Contents) {
               "# kept\r\n\r\n  default = 1\r\n[system]\r\n[nothing special]\r\n");
     EXPECT_TRUE(isFile(L"C:\\q.cfg"));
     EXPECT_TRUE(host::fileContents(L"C:\\none", 10).isMissing());
-    EXPECT_EQ(host::fileContents(L"C:\\d", 10).status, host::Status::refused);
+    EXPECT_EQ(host::fileContents(L"C:\\d", 10).status, host::Status::failed);
+    EXPECT_EQ(host::fileContents(L"C:\\d\\", 10).failure.text, L"it is a directory");
+    EXPECT_EQ(host::fileContents(L"C:\\q.cfg\\", 10).failure.code, 123U);
+    EXPECT_EQ(host::fileContents(L"C:\\q*.cfg", 10).failure.code, 123U);
     const auto bare = host::fileContents(L"C:\\bare", 10);
     EXPECT_EQ(bare.status, host::Status::failed);
     EXPECT_EQ(bare.failure.text, L"the description of the machine does not hold the contents of this file");
@@ -105,7 +116,7 @@ TEST_F(Files, ContentsAtTheLimit) {
     describe("[contents C:\\q]\nabcd\n");
     EXPECT_EQ(host::fileContents(L"C:\\q", 6).value, "abcd\r\n");
     EXPECT_EQ(host::fileContents(L"C:\\q", 5).status, host::Status::failed);
-    EXPECT_EQ(host::fileContents(L"C:\\q", 5).failure.text, L"the file is too large");
+    EXPECT_EQ(host::fileContents(L"C:\\q", 5).failure.text, L"it is larger than 5 bytes");
 }
 
 TEST_F(Files, EmptyContents) {
@@ -161,5 +172,14 @@ TEST_F(Files, RelativeNamesAreRealFiles) {
     EXPECT_EQ(host::fileContents(L"d\\x", 4).status, host::Status::failed);
     EXPECT_TRUE(host::fileContents(L"none", 4).isMissing());
     EXPECT_TRUE(isMissing(L"check_installation.txt\\below"));
-    EXPECT_EQ(host::fileContents(L"d", 4).status, host::Status::refused);
+    EXPECT_EQ(host::fileContents(L"d", 4).failure.text, L"it is a directory");
+    EXPECT_EQ(host::fileContents(L"d\\", 4).failure.text, L"it is a directory");
+    EXPECT_EQ(host::fileContents(L"d\\x. ", 5).value, "12345");
+    EXPECT_EQ(host::fileContents(L"d\\x\\", 4).failure.code, 123U);
+    EXPECT_EQ(host::fileContents(L"d\\?", 4).failure.code, 123U);
+    EXPECT_TRUE(isFile(L"d\\x. ."));
+    EXPECT_TRUE(isFile(L"d\\x\\"));
+    EXPECT_TRUE(isDirectory(L"..."));
+    EXPECT_TRUE(isMissing(L"d\\ "));
+    EXPECT_TRUE(isMissing(std::wstring(300, L'n').c_str()));
 }

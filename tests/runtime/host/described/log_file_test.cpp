@@ -81,7 +81,7 @@ TEST_F(LogFile, TellsWhyItCannotBeOpened) {
     EXPECT_EQ(host::openForAppending(L"d.log", 4, L"x").status, host::Status::refused);
     EXPECT_EQ(host::openForAppending(L"d.log", 4, L"x").failure.code, 5U);
     EXPECT_EQ(host::openForAppending(L"none\\a.log", 4, L"x").status, host::Status::failed);
-    EXPECT_EQ(host::openForAppending(L"none\\a.log", 4, L"x").failure.code, 2U);
+    EXPECT_EQ(host::openForAppending(L"none\\a.log", 4, L"x").failure.code, 3U);
     EXPECT_EQ(host::openForAppending(L"C:\\a.log", 4, L"x").status, host::Status::refused);
     EXPECT_EQ(host::openForAppending(std::wstring(300, L'a'), 4, L"x").failure.code, 206U);
 }

@@ -2,6 +2,7 @@
 
 #include "machine_fixture.h"
 #include "runtime/host/host.h"
+#include "tests/runtime/host/domain_named.h"
 
 namespace {
 
@@ -45,7 +46,7 @@ TEST_F(Machines, TheSampleIsABase) {
 TEST_F(Machines, TheMemberIsJoined) {
     examine("member");
     EXPECT_TRUE(host::membership().value.joined);
-    EXPECT_EQ(host::domainController(L"CORP", true, false).value, L"DC01");
+    EXPECT_EQ(host::domainController(domainNamed(L"CORP"), true, false).value, L"DC01");
     EXPECT_EQ(host::users({L"DC01"}, 0).value.items.size(), 12U);
 }
 
@@ -66,6 +67,6 @@ TEST_F(Machines, MuchIsWrongWithTheBrokenOne) {
     examine("broken");
     EXPECT_TRUE(host::registryValue(currentVersion + L"HsmClient\\kvxgui", L"FileSizeMinimum").unanswered());
     EXPECT_EQ(host::registryKey(currentVersion + L"HsmClient\\kvxsvc").failure.code, 1018U);
-    EXPECT_TRUE(host::domainController(L"CORP", true, false).unanswered());
+    EXPECT_TRUE(host::domainController(domainNamed(L"CORP"), true, false).unanswered());
     EXPECT_FALSE(host::service(L"rkhsmdrv").value.running);
 }

@@ -134,6 +134,12 @@ TEST_F(OsFunctions, DeletesRealFiles) {
     std::filesystem::create_directory("d");
     EXPECT_EQ(DeleteFileW(L"d"), 0);
     EXPECT_EQ(GetLastError(), 5U);
+    EXPECT_EQ(DeleteFileW(L"none\\x.txt"), 0);
+    EXPECT_EQ(GetLastError(), 3U);
+    EXPECT_EQ(DeleteFileW(L"d\\x.txt"), 0);
+    EXPECT_EQ(GetLastError(), 2U);
+    EXPECT_EQ(DeleteFileW(L""), 0);
+    EXPECT_EQ(GetLastError(), 3U);
     EXPECT_EQ(DeleteFileW(L"C:\\a.txt"), 0);
     EXPECT_EQ(GetLastError(), 5U);
     EXPECT_EQ(DeleteFileW(L"C:\\none.txt"), 0);

@@ -151,9 +151,25 @@ TEST_F(Registry, NaturalCausesOfKeysHoldForThoseBelow) {
     EXPECT_EQ(host::registryKey(L"A").status, host::Status::refused);
     EXPECT_EQ(host::registryValue(L"A", L"x").status, host::Status::refused);
     EXPECT_EQ(host::registryValue(L"A\\B", L"x").status, host::Status::refused);
-    EXPECT_EQ(host::registryKey(L"A\\Other").status, host::Status::refused);
+    EXPECT_TRUE(host::registryKey(L"A\\Other").isMissing());
     EXPECT_EQ(host::registryKey(L"C").failure.code, 1018U);
     EXPECT_TRUE(host::registryKey(L"AB").found());
+}
+
+TEST_F(Registry, TheHiveItselfIsThere) {
+    describe("");
+    EXPECT_TRUE(host::registryKey(L"").found());
+    EXPECT_TRUE(host::registryValue(L"", L"x").isMissing());
+}
+
+TEST_F(Registry, NamesOfKeysHaveTheirLimit) {
+    describe("[registry]\n[HKEY_LOCAL_MACHINE\\A]\n");
+    const std::wstring longest(255, L'k');
+    EXPECT_TRUE(host::registryKey(L"A\\" + longest).isMissing());
+    EXPECT_TRUE(host::registryKey(L"A\\" + longest + L"\\" + longest).isMissing());
+    EXPECT_EQ(host::registryKey(L"A\\" + longest + L"k").failure.code, 87U);
+    EXPECT_EQ(host::registryKey(longest + L"k\\A").failure.code, 87U);
+    EXPECT_EQ(host::registryValue(L"A\\" + longest + L"k", L"x").failure.code, 87U);
 }
 
 TEST_F(Registry, OtherHivesArePassedOver) {

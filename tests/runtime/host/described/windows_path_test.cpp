@@ -91,6 +91,10 @@ TEST(PathKey, FoldsCaseAndDropsTheLastBackslash) {
     EXPECT_EQ(described::pathKey(L"C:\\"), L"c:");
     EXPECT_EQ(described::pathKey(L"C:\\\u00C4\u0416\u03A9"), L"c:\\\u00E4\u0436\u03C9");
     EXPECT_EQ(described::pathKey(L"\\\\?\\C:\\Data"), L"c:\\data");
+    EXPECT_EQ(described::pathKey(L"\\\\?\\C:\\"), L"c:");
+    EXPECT_EQ(described::pathKey(L"\\\\.\\C:\\Data"), L"c:\\data");
+    EXPECT_EQ(described::pathKey(L"\\\\.\\C:"), L"\\\\.\\c:");
+    EXPECT_EQ(described::pathKey(L"\\\\?\\UNC\\Server\\share"), L"\\\\server\\share");
 }
 
 TEST(ParentKey, EndsAtTheRoot) {
@@ -109,4 +113,10 @@ TEST(IsDescribedPath, TellsPathsOfTheMachineFromFilesHere) {
     EXPECT_FALSE(described::isDescribedPath(L"kvxinfo.log"));
     EXPECT_FALSE(described::isDescribedPath(L".\\a"));
     EXPECT_FALSE(described::isDescribedPath(L""));
+}
+
+TEST(FullPath, DirectoriesOnTheWayLoseOnePeriodAtTheirEnd) {
+    EXPECT_EQ(described::fullPath(L"C:\\a.\\b.\\c", L"C:\\"), L"C:\\a\\b\\c");
+    EXPECT_EQ(described::fullPath(L"C:\\a..\\b", L"C:\\"), L"C:\\a.\\b");
+    EXPECT_EQ(described::fullPath(L"C:\\...\\b", L"C:\\"), L"C:\\...\\b");
 }
