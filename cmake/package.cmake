@@ -2,6 +2,7 @@
 # tells what became part of the program.
 find_program(KVX_PYTHON NAMES python3 python)
 if(NOT WIN32 OR NOT CMAKE_CXX_COMPILER_ID STREQUAL GNU OR NOT KVX_PYTHON)
+  message(STATUS "kvx_package is left out: it takes a build for Windows by mingw-w64, and Python")
   return()
 endif()
 
@@ -16,6 +17,7 @@ add_custom_command(
   OUTPUT ${package}
   COMMAND ${KVX_PYTHON} ${tools}/make.py --version ${PROJECT_VERSION} --released ${KVX_RELEASED}
           --compiler ${CMAKE_CXX_COMPILER} --map ${map} --output ${package} $<TARGET_FILE:kvxinfo> ${documents}
-  DEPENDS kvxinfo ${documents} ${tools}/make.py ${tools}/archive.py ${tools}/components.py ${tools}/sbom.py
+  DEPENDS kvxinfo ${documents} ${tools}/make.py ${tools}/archive.py ${tools}/components.py ${tools}/notices.py
+          ${tools}/sbom.py
   VERBATIM)
 add_custom_target(kvx_package ALL DEPENDS ${package})

@@ -34,8 +34,13 @@ remove_old() {
     rm "$prefix/sample.files"
 }
 
-in_wine() {
-    "$top/tools/wine.sh" run "$prefix" "$@" </dev/null >/dev/null 2>&1 9>&-
+import() {
+    "$top/tools/wine.sh" patiently "$prefix" reg import "$1" </dev/null >/dev/null 2>&1 9>&-
+}
+
+remove_keys() {
+    printf 'REGEDIT4\r\n\r\n[-HKEY_LOCAL_MACHINE\\SOFTWARE\\Norvel]\r\n' >"$prefix/remove.reg"
+    import "$prefix/remove.reg"
 }
 
 "$top/tools/wine.sh" make "$prefix"
@@ -45,8 +50,8 @@ in_wine() {
     [ "$now" = "$(cat "$prefix/sample.stamp" 2>/dev/null)" ] && exit
     rm -f "$prefix/sample.stamp"
     remove_old
-    in_wine reg delete 'HKLM\SOFTWARE\Norvel' /f || true # nothing to delete the first time
-    in_wine reg import "$sample/sample.reg"
+    remove_keys
+    import "$sample/sample.reg"
     while IFS= read -r line; do
         [ -z "$line" ] || create "${line%$'\r'}"
     done <"$sample/files.txt"

@@ -19,9 +19,9 @@ from conformance_compare import Comparison, Mistake, answers_of, read_list  # no
 from conformance_facts import TOO_LONG_TEXT, facts_of, system_section, write_files  # noqa: E402
 from conformance_rounds import ROUNDS, Round  # noqa: E402
 from scenario_compare import Outcome  # noqa: E402
-from scenario_file import Mistake as StagingMistake  # noqa: E402
 from scenario_file import Scenario  # noqa: E402
 from scenario_run import ROOT, run_natively  # noqa: E402
+from wine_command import TROUBLE  # noqa: E402
 from wine_staging import Tools  # noqa: E402
 
 DIFFERENCES = HERE / "differences.txt"
@@ -59,6 +59,7 @@ def run_round(round_: Round, scenario: Scenario, options: argparse.Namespace,
         native = pool.submit(run_natively, scenario, options.native_dir)
         prefix.stage(scenario_wine.staging_of(scenario))
         windows = scenario_wine.run_staged(scenario, options.program_dir, prefix)
+        prefix.clear(drives=False)
         return (transcript_of(native.result(), f"{round_.name}, natively"),
                 transcript_of(windows, f"{round_.name}, under Wine"))
 
@@ -76,23 +77,41 @@ def keep_transcripts(folder: Path | None, round_: Round, transcripts: tuple[str,
             (folder / f"{round_.name}.{host}").write_text(transcript, encoding="utf-8")
 
 
+def cleared(prefix: scenario_wine.Prefix) -> list[str]:
+    """Takes back what was staged; what is in the way of that."""
+    try:
+        prefix.clear()
+        return []
+    except TROUBLE as trouble:
+        return [f"what was staged cannot be taken back: {trouble}"]
+
+
 def compare_all(options: argparse.Namespace) -> int:
     comparison = Comparison(read_list(DIFFERENCES))
     prefix = scenario_wine.Prefix(options.wine, Tools(options.program_dir.resolve().parent / "staging"))
     wine_standins.prepare(prefix.folder, prefix.tools.folder)
     transcripts: list[str] = []
+    broken: list[str] = []
     try:
         with tempfile.TemporaryDirectory(prefix="kvxinfo-conformance-") as name:
             write_files(Path(name))
-            facts = facts_of([str(scenario_wine.WINE), "run", str(prefix.folder)], prefix.folder)
+            facts = facts_of(prefix.folder)
             for round_ in ROUNDS:
-                both = run_round(round_, scenario_of(round_, facts, Path(name)), options, prefix)
+                try:
+                    both = run_round(round_, scenario_of(round_, facts, Path(name)), options, prefix)
+                except (Mistake, *TROUBLE) as trouble:
+                    broken.append(f"{round_.name}: {trouble}")
+                    prefix.give_up()
+                    continue
                 comparison.take(round_.name, *both)
                 transcripts.append(both[0])
                 keep_transcripts(options.keep, round_, both)
     finally:
-        prefix.clear()
-    found = comparison.end() + [f"no question about {name}" for name in operations_not_asked(transcripts)]
+        broken += cleared(prefix)
+    if broken:  # nor can it be said then what is no longer asked or no longer differs
+        found = comparison.found + broken
+    else:
+        found = comparison.end() + [f"no question about {name}" for name in operations_not_asked(transcripts)]
     print(*found, sep="\n")
     print(f"{comparison.same} answers are the same, {comparison.different} differ as listed, "
           f"{len(found)} wrong")
@@ -111,7 +130,7 @@ def main(arguments: list[str]) -> int:
     options = parser.parse_args(arguments)
     try:
         return compare_all(options)
-    except (Mistake, StagingMistake) as mistake:
+    except (Mistake, *TROUBLE) as mistake:
         print(mistake, file=sys.stderr)
         return 1
 

@@ -9,8 +9,9 @@ A list of differences is text. `#` begins a comment line. An entry is a block of
     reason: why both are right, or why the difference cannot be mended here
 
 `question~`, `native~` and `windows~` hold regular expressions for the whole text instead; one entry may then
-stand for several questions. An entry with `wording:` instead is a rule for all answers: what the expression
-matches is wording, and only its groups are compared; an answer with such wording is listed with `<groups>`.
+stand for several questions, all of which must be answered differently. An entry with `wording:` instead is a
+rule for all answers: what the expression matches is wording, and only its groups are compared; an answer with
+such wording is listed with `<groups>`.
 """
 
 import re
@@ -121,6 +122,7 @@ class Comparison:
     different: int = 0  # as listed
     used: set[int] = field(default_factory=set)
     asked: set[int] = field(default_factory=set)
+    agreed: set[int] = field(default_factory=set)
 
     def take(self, round_name: str, native: str, windows: str) -> None:
         """Compares the transcripts of a round."""
@@ -137,6 +139,7 @@ class Comparison:
             self.same += 1
             if native != windows:
                 self.use_wordings(native, windows)
+            self.agree(about, round_name, question)
             return
         allowing = [index for index in about
                     if self.listed[index].allows(native, windows) or self.listed[index].allows(*words)]
@@ -145,6 +148,13 @@ class Comparison:
             self.used.add(allowing[0])
             return
         self.found.append(f"{round_name}: {question}\n    native:  {native}\n    windows: {windows}")
+
+    def agree(self, about: list[int], round_name: str, question: str) -> None:
+        """The entries about a question whose answers are the same say too much."""
+        self.agreed.update(about)
+        places = [self.listed[index].place for index in about]
+        self.found += [f"{place}: the answers do not differ (any more): {round_name}: {question}"
+                       for place in places]
 
     def words(self, answer: str, without: int = -1) -> str:
         """The answer with its wording taken out."""
@@ -162,12 +172,12 @@ class Comparison:
     def end(self) -> list[str]:
         """All that is wrong: differences without an entry, and entries that nothing bears out."""
         for index, entry in enumerate(self.listed):
-            if index in self.used:
+            if index in self.used | self.agreed:
                 continue
             if entry.is_wording:
                 why = "the wording does not differ (any more)"
             elif index in self.asked:
-                why = "the answers do not differ (any more), or differ otherwise"
+                why = "the answers differ otherwise"
             else:
                 why = "no such question is asked (any more)"
             self.found.append(f"{entry.place}: {why}: "

@@ -62,7 +62,7 @@ class Comparing(unittest.TestCase):
         found = self.compare(ENTRY, "exists 'NUL' -> 0\n", "exists 'NUL' -> 2\n")
         self.assertEqual(2, len(found), found)
         self.assertIn("windows: 2", found[0])
-        self.assertIn("or differ otherwise", found[1])
+        self.assertIn("the answers differ otherwise", found[1])
 
     def test_a_listed_question_that_is_not_asked_fails(self):
         self.assert_wrong("no such question is asked", ENTRY, "a -> 1\n", "a -> 1\n")
@@ -78,6 +78,11 @@ class Comparing(unittest.TestCase):
         self.assertEqual([], self.compare(entry, "exists 'a' -> 0\nexists 'b' -> 0\n",
                                           "exists 'a' -> 17\nexists 'b' -> 4\n"))
         self.assertEqual(2, len(self.compare(entry, "exists 'a' -> 0\n", "exists 'a' -> 17 and more\n")))
+
+    def test_an_expression_must_not_stand_for_answers_that_agree(self):
+        entry = "question~: exists '.*'\nnative: 0\nwindows~: \\d+\nreason: r\n"
+        self.assert_wrong("differences.txt:1: the answers do not differ (any more): round: exists 'b'", entry,
+                          "exists 'a' -> 0\nexists 'b' -> 0\n", "exists 'a' -> 17\nexists 'b' -> 0\n")
 
     def test_wording_is_not_compared_but_its_groups_are(self):
         rule = "wording: error (\\d+): [^']*\nreason: r\n"

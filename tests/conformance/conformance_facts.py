@@ -4,12 +4,15 @@ without the programs that are compared."""
 import os
 import re
 import socket
-import subprocess
 from pathlib import Path
+
+from scenario_file import Mistake
+from wine_command import output_of
 
 GOOD_QUOTAS = b"default = 5 GB\nuser S-1-5-21-1-2-3-1001 = unlimited\n"
 LARGEST_QUOTA_FILE = 16 * 1024 * 1024
 TOO_LONG_TEXT = "long " * 12000
+NETWORK = Path("/sys/class/net")
 WINDOWS_KEY = r"HKLM\Software\Microsoft\Windows NT\CurrentVersion"
 
 
@@ -32,22 +35,24 @@ def write_files(folder: Path) -> None:
         (folder / name).write_bytes(contents)
 
 
-def facts_of(wine: list[str], drives: Path) -> dict[str, str]:
-    """What a description can say of this computer as Wine presents it; `drives` is where Wine has its own."""
+def facts_of(prefix: Path) -> dict[str, str]:
+    """What a description can say of this computer as Wine presents it; raises Mistake where Wine does not."""
     facts = {"computer": socket.gethostname().split(".")[0].upper()[:15], "processor": processor_name(),
-             "processors": str(os.cpu_count()), "memory": str(memory_bytes()), "disk": size_of_disk(drives)}
+             "processors": str(os.cpu_count()), "memory": str(memory_bytes()), "disk": size_of_disk(prefix)}
     facts["adapters"] = "".join(f"adapter = {name}: {', '.join(addresses)}\n"
-                                for name, addresses in adapters(output_of(wine, "ipconfig")).items())
-    values = registry_values(output_of(wine, "reg", "query", WINDOWS_KEY))
-    version = re.search(r"\d+\.\d+\.\d+", output_of(wine, "cmd", "/c", "ver"))
+                                for name, addresses in adapters(output_of(prefix, "ipconfig")).items())
+    return facts | facts_of_windows(registry_values(output_of(prefix, "reg", "query", WINDOWS_KEY)),
+                                    output_of(prefix, "cmd", "/c", "ver"))
+
+
+def facts_of_windows(values: dict[str, str], told: str) -> dict[str, str]:
+    """Name, release and version, by the values of the registry and by what the command `ver` told."""
+    version = re.search(r"\d+\.\d+\.\d+", told)
+    if not version or "ProductName" not in values:
+        raise Mistake(f"Wine does not tell which Windows it is: {values}, {told.strip()}")
     release = values.get("DisplayVersion") or values.get("ReleaseId")
-    return facts | {"windows": values["ProductName"], "release": f"release = {release}\n" if release else "",
-                    "version": f"{version[0]}.{int(values.get('UBR', '0'), 0)}"}
-
-
-def output_of(wine: list[str], *command: str) -> str:
-    return subprocess.run([*wine, *command], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                          stderr=subprocess.DEVNULL, timeout=60, check=True).stdout.decode()
+    return {"windows": values["ProductName"], "release": f"release = {release}\n" if release else "",
+            "version": f"{version[0]}.{int(values.get('UBR', '0'), 0)}"}
 
 
 def adapters(ipconfig: str) -> dict[str, list[str]]:
@@ -65,7 +70,9 @@ def adapters(ipconfig: str) -> dict[str, list[str]]:
 
 
 def is_up(adapter: str) -> bool:
-    return bool(int(Path("/sys/class/net", adapter, "flags").read_text(), 0) & 1)
+    """What is not told of is up: it has an address."""
+    flags = NETWORK / adapter / "flags"
+    return not flags.is_file() or bool(int(flags.read_text(), 0) & 1)
 
 
 def registry_values(query: str) -> dict[str, str]:

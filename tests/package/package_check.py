@@ -32,7 +32,9 @@ def problems(path: pathlib.Path, keywords: list[str], own_folders: list[str]) ->
     found += checksum_problems(files)
     found += version_problems(files["kvxinfo.exe"], version)
     found += bill_problems(files, path.stem, version)
-    found += notice_problems(files["THIRD-PARTY.txt"].decode(), json.loads(files[BILL]))
+    notices = files["THIRD-PARTY.txt"].decode()
+    found += notice_problems(notices, json.loads(files[BILL]))
+    found += licence_problems(json.loads(files[BILL]), notices.replace("\r\n", "\n"))
     found += keyword_problems(files["README.txt"].decode(), keywords)
     found += link_problems(files)
     found += folder_problems(files, own_folders)
@@ -68,11 +70,34 @@ def checksum_problems(files: dict[str, bytes]) -> list[str]:
 
 
 def version_problems(program: bytes, version: str) -> list[str]:
-    """The version resource says what the package's name says."""
-    at = program.find(bytes.fromhex("bd04effe 00000100"))
-    numbers = [int.from_bytes(program[at + place:at + place + 2], "little") for place in (10, 8, 14, 12)]
-    shown = ".".join(str(number) for number in numbers) if at >= 0 else "none"
-    return [] if shown == version else [f"kvxinfo.exe is version {shown}"]
+    """Every version in the resources is what the package's name says."""
+    fixed = program.partition(bytes.fromhex("bd04effe 00000100"))[2]
+    shown = {
+        "file": dotted(fixed[0:8]),
+        "product": dotted(fixed[8:16]),
+        "FileVersion": text_version("FileVersion", program),
+        "ProductVersion": text_version("ProductVersion", program),
+        "manifest": first(rb'<assemblyIdentity [^>]*\bversion="([^"]*)"', program).decode(),
+    }
+    return [f"kvxinfo.exe is version {number or 'none'} ({place})" for place, number in shown.items()
+            if number != version]
+
+
+def dotted(fixed: bytes) -> str:
+    """The four numbers of a version resource, where each two stand in the wrong order."""
+    numbers = [int.from_bytes(fixed[place:place + 2], "little") for place in (2, 0, 6, 4)]
+    return ".".join(str(number) for number in numbers) if fixed else ""
+
+
+def text_version(name: str, program: bytes) -> str:
+    found = first(re.escape(f"{name}\0".encode("utf-16-le")) + rb"(?:\0\0)*((?:[0-9.]\0)+)\0\0", program)
+    return found.decode("utf-16-le")
+
+
+def first(pattern: bytes, content: bytes) -> bytes:
+    """The group of the first match; empty without one."""
+    match = re.search(pattern, content)
+    return match[1] if match else b""
 
 
 def bill_problems(files: dict[str, bytes], name: str, version: str) -> list[str]:
@@ -129,8 +154,6 @@ def package_problems(bill: dict, version: str) -> list[str]:
         found.append(f"{BILL}: the package is not version {version}")
     if not LINKED_AT_LEAST <= set(packages):
         found.append(f"{BILL} knows only of {sorted(packages)}")
-    found += [f"{BILL}: {name} has no licence" for name in packages
-              if name != "kvxinfo" and packages[name]["licenseDeclared"] == "NOASSERTION"]
     sums = sorted(entry["checksumValue"] for file in bill["files"] for entry in file["checksums"]
                   if entry["algorithm"] == "SHA1")
     code = {
@@ -163,6 +186,39 @@ def notice_problems(notices: str, bill: dict) -> list[str]:
     headings = " ".join(re.findall(r"^([^\r\n]+)\r\n-+\r\n", notices, re.MULTILINE))
     return [f"THIRD-PARTY.txt: no chapter is about {package['name']}" for package in bill.get("packages", [])
             if package.get("name") not in ("kvxinfo", *re.findall(r"[\w+-]+", headings))]
+
+
+def licence_problems(bill: dict, notices: str) -> list[str]:
+    """Of every component it is known who supplies it, whose it is and under which licence. The texts that
+    SPDX does not know are there, and are those of the notices."""
+    components = [package for package in bill.get("packages", []) if package.get("name") != "kvxinfo"]
+    texts = {info.get("licenseId"): info.get("extractedText")
+             for info in bill.get("hasExtractedLicensingInfos", [])}
+    used = {name for package in components
+            for name in re.findall(r"LicenseRef-[\w.-]+", package.get("licenseDeclared", ""))}
+    found = [f"{BILL}: {name} is used, but has no text" for name in sorted(used - set(texts))]
+    found += [f"{BILL}: {name} is used by nothing" for name in sorted(set(texts) - used)]
+    found += [f"THIRD-PARTY.txt does not say what {BILL} says of {name}" for name, text in texts.items()
+              if not text or name not in notices or text not in notices]
+    for package in components:
+        found += [f"{BILL}: {package.get('name')} {problem}"
+                  for problem in component_problems(package, notices)]
+    return found
+
+
+def component_problems(package: dict, notices: str) -> list[str]:
+    found = []
+    if package.get("licenseDeclared") in (None, "NOASSERTION"):
+        found.append("has no licence")
+    if package.get("licenseConcluded") != package.get("licenseDeclared"):
+        found.append("has two licences")
+    copyrights = package.get("copyrightText", "").splitlines()
+    if not copyrights or not set(copyrights) <= set(notices.splitlines()):
+        found.append(f"has the copyright {copyrights}")
+    vendor = re.search(r" of Debian$", package.get("sourceInfo", ""))
+    if (package.get("supplier") == "Organization: Debian") != bool(vendor):
+        found.append(f"has the supplier {package.get('supplier')}")
+    return found
 
 
 def keyword_problems(readme: str, keywords: list[str]) -> list[str]:

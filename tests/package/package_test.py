@@ -4,18 +4,22 @@
 import datetime
 import hashlib
 import json
+import os
 import pathlib
 import sys
 import tempfile
 import unittest
+import unittest.mock
 import zipfile
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "tools/package"))
 
+import components as components_module  # noqa: E402
 from archive import write_archive  # noqa: E402
 from components import Component, components, linked_files  # noqa: E402
 from contents import keywords_of  # noqa: E402
 from make import checksums, for_windows  # noqa: E402
+from notices import copyright_of, licence_text  # noqa: E402
 from package_check import problems  # noqa: E402
 from sbom import bill_of_materials  # noqa: E402
 
@@ -35,12 +39,42 @@ The keywords
 The end
 -------
 """
-PROGRAM = b"MZ.." + bytes.fromhex("bd04effe 00000100 02000100 04000300") + b".."
-LINKED = [Component(name, "12", "", "MIT", "https://example.org/", "linked")
-          for name in ("libgcc", "libstdc++", "mingw-w64")]
+NUMBERS = bytes.fromhex("02000100 04000300")
+
+
+def version_text(name: str, version: str) -> bytes:
+    return f"{name}\0\0{version}\0".encode("utf-16-le")
+
+
+PROGRAM = b"".join((b"MZ..", bytes.fromhex("bd04effe 00000100"), NUMBERS, NUMBERS,
+                    version_text("FileVersion", "1.2.3.4"), version_text("ProductVersion", "1.2.3.4"),
+                    b'<assemblyIdentity type="win32" version="1.2.3.4"/>'))
+LINKED = [Component(name, "12", package, vendor, licence, "https://example.org/", "linked")
+          for name, package, vendor, licence in (("libgcc", "gcc", "Debian", "MIT"),
+                                                 ("libstdc++", "", "", "MIT"),
+                                                 ("mingw-w64", "", "", "MIT AND LicenseRef-Own"))]
+NOTICES = """The parts
+=========
+
+mingw-w64
+---------
+
+Copyright (c) Some One
+
+LicenseRef-Own, of the rest:
+
+Copyright (c) Some Other
+
+Take it.
+
+libstdc++, libgcc
+-----------------
+
+Copyright (c) They
+"""
 DOCUMENTS = {
     "README.txt": README,
-    "THIRD-PARTY.txt": "mingw-w64\n---------\n\nlibstdc++, libgcc\n-----------------\n",
+    "THIRD-PARTY.txt": NOTICES,
     "reports.md": "# R\n\n[q](quota-file.md#a-title)\n",
     "quota-file.md": "# A title\n",
 }
@@ -61,14 +95,15 @@ class PackageCheck(unittest.TestCase):
     def check(self, files: dict[str, bytes], bill: dict | None = None,
               sums: bytes | None = None) -> list[str]:
         """What the check says of a package of `files`, with another bill or other sums where given."""
-        own = bill_of_materials(NAME, "1.2.3.4", "kvxinfo.exe", files, LINKED, MOMENT)
+        own = bill_of_materials(NAME, "1.2.3.4", "kvxinfo.exe", files, LINKED, NOTICES, MOMENT)
         files = files | {"kvxinfo.spdx.json": own if bill is None else json.dumps(bill).encode()}
         files = files | {"SHA256SUMS": checksums(files) if sums is None else sums}
         write_archive(self.path, files, MOMENT)
         return problems(self.path, ["one"], ["/secret/place"])
 
     def bill(self) -> dict:
-        return json.loads(bill_of_materials(NAME, "1.2.3.4", "kvxinfo.exe", files_of(), LINKED, MOMENT))
+        return json.loads(bill_of_materials(NAME, "1.2.3.4", "kvxinfo.exe", files_of(), LINKED, NOTICES,
+                                            MOMENT))
 
     def assert_refused(self, found: list[str], word: str) -> None:
         self.assertTrue(any(word in problem for problem in found), f"{word!r} in {found}")
@@ -106,8 +141,16 @@ class PackageCheck(unittest.TestCase):
         self.assert_refused(self.check(files_of(), sums=good.replace(b"\n", b"\r\n")), "SHA256SUMS: ")
 
     def test_version_of_the_program(self) -> None:
-        other = files_of() | {"kvxinfo.exe": PROGRAM.replace(b"\x03\x00", b"\x05\x00")}
-        self.assert_refused(self.check(other), "version 1.2.5.4")
+        good = PROGRAM.index(NUMBERS)
+        for place, program in (("file", PROGRAM[:good + 4] + b"\5" + PROGRAM[good + 5:]),
+                               ("product", PROGRAM[:good + 12] + b"\5" + PROGRAM[good + 13:]),
+                               ("FileVersion", PROGRAM.replace(version_text("FileVersion", "1.2.3.4"), b"")),
+                               ("ProductVersion", PROGRAM.replace("P".encode("utf-16-le"), b"--")),
+                               ("manifest", PROGRAM.replace(b'version="1.2.3.4"', b'version="1.2.3"'))):
+            with self.subTest(place=place):
+                found = self.check(files_of() | {"kvxinfo.exe": program})
+                self.assertEqual(len(found), 1, found)
+                self.assertRegex(found[0], rf"^kvxinfo\.exe is version .* \({place}\)$")
 
     def test_bill_that_lacks_a_field(self) -> None:
         for place in ((), ("packages", 0), ("packages", 1), ("files", 2)):
@@ -153,8 +196,31 @@ class PackageCheck(unittest.TestCase):
         self.assert_refused(self.check(files_of(README_txt=readme)), "the keywords are")
 
     def test_notices(self) -> None:
-        files = files_of() | {"THIRD-PARTY.txt": for_windows("mingw-w64, libgcc\n----------\n")}
+        files = files_of() | {"THIRD-PARTY.txt": for_windows(NOTICES.replace("libstdc++", "something"))}
         self.assertEqual(self.check(files), ["THIRD-PARTY.txt: no chapter is about libstdc++"])
+
+    def test_licences_of_components(self) -> None:
+        for field, value, word in (
+                ("licenseDeclared", "NOASSERTION", "has no licence"),
+                ("licenseConcluded", "GPL", "two licences"),
+                ("copyrightText", "NOASSERTION", "has the copyright"),
+                ("copyrightText", "Copyright (c) Nobody", "has the copyright"),
+                ("supplier", "NOASSERTION", "has the supplier"),
+                ("licenseDeclared", "LicenseRef-Gone", "LicenseRef-Gone is used, but has no text")):
+            bill = self.bill()
+            bill["packages"][1][field] = value
+            with self.subTest(field=field, value=value):
+                self.assert_refused(self.check(files_of(), bill), word)
+
+    def test_texts_of_licences(self) -> None:
+        bill = self.bill()
+        bill["hasExtractedLicensingInfos"][0]["extractedText"] = "Leave it."
+        self.assert_refused(self.check(files_of(), bill), "does not say")
+        bill["hasExtractedLicensingInfos"] = []
+        self.assert_refused(self.check(files_of(), bill), "LicenseRef-Own is used, but has no text")
+        bill = self.bill()
+        bill["packages"][3] |= {"licenseDeclared": "MIT", "licenseConcluded": "MIT"}
+        self.assert_refused(self.check(files_of(), bill), "LicenseRef-Own is used by nothing")
 
     def test_documents(self) -> None:
         for text, word in (("[x](machines.md)\n", "leads nowhere"), ("[x](#gone)\n", "leads nowhere"),
@@ -192,6 +258,34 @@ LOAD /opt/gcc/12/libssp.a
             found = components(self.MAP, str(compiler))
         versions = {part.name: part.version for part in found}
         self.assertEqual(versions, {"libstdc++": "12.2", "mingw-w64": "7.1"})
+
+    def test_what_leaves_nothing(self) -> None:
+        with_it = self.MAP + "LOAD /opt/lib/default-manifest.o\n"
+        self.assertEqual(linked_files(with_it), linked_files(self.MAP))
+
+    def test_what_is_of_a_package(self) -> None:
+        with tempfile.TemporaryDirectory() as folder:
+            query = pathlib.Path(folder) / "dpkg-query"
+            query.write_text("#!/bin/sh\nif [ $1 = --search ]; then echo \"gcc:all: $2\"; "
+                             "else echo 12-3; fi\n")
+            query.chmod(0o755)
+            origin = pathlib.Path(folder) / "origin"
+            origin.write_text("Vendor: Debian\nBugs: none\n")
+            with (unittest.mock.patch.dict(os.environ, PATH=f"{folder}:{os.environ['PATH']}"),
+                  unittest.mock.patch.object(components_module, "ORIGIN", origin)):
+                found = components(self.MAP, "no-such-compiler")
+        self.assertEqual({(part.version, part.package, part.vendor) for part in found},
+                         {("12-3", "gcc", "Debian")})
+
+    def test_what_the_notices_say(self) -> None:
+        self.assertEqual(copyright_of("mingw-w64", NOTICES),
+                         "Copyright (c) Some One\nCopyright (c) Some Other")
+        self.assertEqual(copyright_of("libgcc", NOTICES), "Copyright (c) They")
+        self.assertEqual(licence_text("LicenseRef-Own", NOTICES), "Copyright (c) Some Other\n\nTake it.")
+        with self.assertRaisesRegex(ValueError, "no copyright of mingw"):
+            copyright_of("mingw", NOTICES)
+        with self.assertRaisesRegex(ValueError, "no text of LicenseRef-Other"):
+            licence_text("LicenseRef-Other", NOTICES)
 
     def test_what_has_no_version_is_refused(self) -> None:
         with self.assertRaisesRegex(ValueError, "version of /opt/gcc/12/libstdc"):

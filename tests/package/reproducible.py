@@ -48,6 +48,8 @@ def differences(one: pathlib.Path, other: pathlib.Path) -> list[str]:
 
 def main() -> int:
     package, sources = (pathlib.Path(argument).absolute() for argument in sys.argv[1:3])
+    other = package.with_suffix(".other.zip")  # to look at, when this time it differs
+    other.unlink(missing_ok=True)
     with tempfile.TemporaryDirectory(prefix="kvxinfo-") as temporary:
         elsewhere = pathlib.Path(temporary) / "quite/another/place" / "with a blank"
         folder = pathlib.Path(temporary) / "out"
@@ -59,7 +61,7 @@ def main() -> int:
             return 1
         found = differences(package, folder / package.name)
         if found:
-            shutil.copy(folder / package.name, package.with_suffix(".other.zip"))
+            shutil.copy(folder / package.name, other)
     for difference in found:
         print(difference)
     return 1 if found else 0

@@ -1,9 +1,7 @@
 """Runs scenarios by the Windows program under Wine, over a registry and files that are made for real."""
 
 import shutil
-import subprocess
 import tempfile
-import time
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
@@ -17,10 +15,10 @@ from machine_text import Staging, parse_machine, read_machine
 from scenario_compare import Outcome
 from scenario_file import Mistake, Scenario
 from scenario_run import MACHINES, ROOT, put_machine, run_in
+from wine_command import TROUBLE, WINE, attempt, output_of, patiently
 from wine_staging import Orders, Tools, windows_path
 from wine_wording import as_windows_words_it
 
-WINE = ROOT / "tools" / "wine.sh"
 PRODUCT_KEY = r"HKEY_LOCAL_MACHINE\SOFTWARE\Norvel"
 SAMPLE = "[machine]\nbase = sample\n"
 EXPORT_HEAD = "Windows Registry Editor Version 5.00"
@@ -42,25 +40,15 @@ class Prefix:
     def __init__(self, folder: Path, tools: Tools | None = None):
         self.folder = folder.resolve()
         self.tools = tools or Tools(ROOT / "build" / "windows" / "staging")
-        # What a run that was ended by force left behind is taken back: its files, and all that its server knew.
+        # What a run that was ended by force left behind is taken back: its files, drives and services. The
+        # list has paths, and orders for the stager.
         self.list_of_made = self.folder / "made-by-tests.txt"
-        cut_off = self.list_of_made.exists()
-        left = self.list_of_made.read_text(encoding="utf-8").splitlines() if cut_off else []
-        self.made = [Path(line) for line in left]
-        self.drives: dict[str, wine_staging_volumes.Volume] | None = {} if cut_off else None
-        self.undo: list[str] = []
+        self.in_doubt = self.list_of_made.exists()
+        left = self.list_of_made.read_text(encoding="utf-8").splitlines() if self.in_doubt else []
+        self.made = [Path(line) for line in left if line.startswith("/")]
+        self.undo = [line for line in left if not line.startswith("/")]
+        self.drives: dict[str, wine_staging_volumes.Volume] | None = None
         self.imported: list[str] | None = None
-
-    def run(self, *command: str) -> None:
-        """Runs a command of Windows. What stages may be repeated: a busy Wine server now and then refuses one."""
-        for patience in (1, 3, None):
-            outcome = subprocess.run([WINE, "run", self.folder, *command], stdin=subprocess.DEVNULL,
-                                     stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=60)
-            if outcome.returncode == 0:
-                return
-            if patience is None:
-                outcome.check_returncode()
-            time.sleep(patience)
 
     def stage(self, staging: Staging) -> None:
         """Makes the prefix as `staging` says; what an earlier call made is removed first."""
@@ -88,16 +76,18 @@ class Prefix:
             else:
                 self.create_file(path, b"")
         self.undo = orders.undo
+        self.note("".join(f"{line}\n" for line in self.undo))
         self.carry_out(orders.do)
 
     def import_registry(self, staging: Staging) -> None:
         """Makes the client's part of the registry, unless it is there from the last time."""
         lines = [EXPORT_HEAD, "", f"[-{PRODUCT_KEY}]", "", *wine_staging_registry.importable(staging)]
         if lines != self.imported:
+            self.imported = None
             with tempfile.TemporaryDirectory(dir=self.scratch()) as name:
                 path = Path(name) / "staged.reg"
                 path.write_bytes(b"\xff\xfe" + ("\r\n".join(lines) + "\r\n").encode("utf-16-le"))
-                self.run("reg", "import", windows_path(path))
+                output_of(self.folder, "reg", "import", windows_path(path))
         self.imported = None if "registry" in staging.stages else lines
 
     def carry_out(self, orders: list[str]) -> None:
@@ -107,11 +97,7 @@ class Prefix:
         with tempfile.TemporaryDirectory(dir=self.scratch()) as name:
             path = Path(name) / "orders.txt"
             path.write_text("".join(line + "\n" for line in orders), encoding="utf-8")
-            command = [WINE, "run", self.folder, self.tools.path("stager.exe"), windows_path(path)]
-            outcome = subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                                     stderr=subprocess.STDOUT, timeout=60)
-        if outcome.returncode != 0:
-            raise Mistake(f"staging failed: {outcome.stdout.decode(errors='replace').strip()}")
+            output_of(self.folder, self.tools.path("stager.exe"), windows_path(path))
 
     def scratch(self) -> Path:
         """Where files can be put that Windows shall find whatever drives there are."""
@@ -124,25 +110,29 @@ class Prefix:
         lists can become others."""
         volumes = wine_staging_volumes.volumes_of(staging)
         starts = self.drives is None or not wine_staging_volumes.follows(volumes, self.drives)
+        self.note("")
+        self.in_doubt = True
         if starts:
-            self.control("stop")
+            self.stop()
             self.set_drives({})
         wine_staging_volumes.prepare(staging, self.folder / "volumes", self.folder / "drive_c")
         if starts:
-            self.control("start")
+            patiently("start", self.folder)
         self.drives = volumes
+        self.in_doubt = False
 
     def end_drives(self) -> None:
         """Starts the server anew as other scenarios find it."""
-        self.control("stop")
+        self.stop()
         wine_staging_volumes.prepare(Staging(), self.folder / "volumes", self.folder / "drive_c")
         self.set_drives({"z:": "/"})
-        self.control("start")
+        patiently("start", self.folder)
         self.drives = None
+        self.imported = None
 
-    def control(self, action: str) -> None:
-        subprocess.run([WINE, action, self.folder], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                       stderr=subprocess.DEVNULL, timeout=60, check=action != "stop")
+    def stop(self) -> None:
+        """Ends the server, where there is one."""
+        attempt("stop", self.folder)
 
     def set_drives(self, drives: dict[str, str]) -> None:
         """Which drives there are beside C: when the server starts."""
@@ -155,8 +145,8 @@ class Prefix:
     def link_drive(self, letter: str) -> None:
         """Gives Wine an empty folder to open as the drive; the mount manager hears nothing of it."""
         link = self.folder / "dosdevices" / f"{letter}:"
-        link.symlink_to(self.scratch())
         self.remember(link)
+        link.symlink_to(self.scratch())
 
     def create_folders(self, windows_path: str) -> Path:
         """Makes the folder and those above it, where they are not there yet."""
@@ -167,8 +157,8 @@ class Prefix:
         for part in parts:
             at = child(at, part)
             if not at.exists():
-                at.mkdir()
                 self.remember(at)
+                at.mkdir()
         return at
 
     def create_file(self, windows_path: str, contents: bytes) -> None:
@@ -176,26 +166,46 @@ class Prefix:
         folder, _, name = windows_path.rpartition("\\")
         path = child(self.create_folders(folder), name)
         if not path.exists():
-            path.write_bytes(contents)
             self.remember(path)
+            path.write_bytes(contents)
 
     def clear(self, drives: bool = True) -> None:
-        """Takes back what was staged; without `drives`, those stay until the server ends anyway."""
-        orders, self.undo = self.undo, []
-        self.carry_out(orders)
+        """Takes back what was staged; without `drives`, those stay until the server ends anyway. Raises
+        Mistake or OSError for what cannot be taken back: the next call tries again, under a new server."""
+        in_doubt, self.in_doubt = self.in_doubt, True
+        if in_doubt:
+            self.end_drives()
+        self.carry_out(self.undo)
+        self.undo = []
         if drives and self.drives is not None:
             self.end_drives()
-            self.imported = None
-        for path in reversed(self.made):
+        while self.made:
+            path = self.made[-1]
             folder = path.is_dir() and not path.is_symlink()
             path.rmdir() if folder else path.unlink(missing_ok=True)
-        self.made.clear()
-        self.list_of_made.unlink(missing_ok=True)
+            self.made.pop()
+        if self.drives is None:
+            self.list_of_made.unlink(missing_ok=True)
+        else:
+            self.list_of_made.write_text("")
+        self.in_doubt = False
+
+    def give_up(self) -> None:
+        """After a clear() that failed: what cannot be taken back by another one stays as it is."""
+        try:
+            self.clear()
+        except TROUBLE:
+            self.undo.clear()
+            self.made.clear()
 
     def remember(self, path: Path) -> None:
         self.made.append(path)
+        self.note(f"{path}\n")
+
+    def note(self, lines: str) -> None:
+        """Adds to the list of what is to be taken back; that there is one says that something is."""
         with self.list_of_made.open("a", encoding="utf-8") as file:
-            file.write(f"{path}\n")
+            file.write(lines)
 
 
 def child(folder: Path, name: str) -> Path:
@@ -218,17 +228,42 @@ def run_all(scenarios: list[Scenario], program_dir: Path, prefix: Prefix,
             groups.setdefault(staging.key(), (staging, []))[1].append(scenario)
         except Mistake as mistake:
             outcomes[scenario.path] = mistake
-    for staging, members in sorted(groups.values(), key=lambda group: drives_in(group[0])):
-        try:
-            prefix.stage(staging)
-        except Mistake as mistake:
-            outcomes.update((scenario.path, mistake) for scenario in members)
-            continue
+    members: list[Scenario] = []
+    try:
+        for staging, members in sorted(groups.values(), key=lambda group: drives_in(group[0])):
+            outcomes |= run_group(staging, members, program_dir, prefix, jobs)
+    finally:
+        outcomes |= left_behind(members, prefix)
+    return [outcomes[scenario.path] for scenario in scenarios]
+
+
+def run_group(staging: Staging, members: list[Scenario], program_dir: Path, prefix: Prefix,
+              jobs: int) -> dict[Path, Outcome | Mistake]:
+    """The outcomes of scenarios that need this staging."""
+    try:
+        prefix.stage(staging)
+    except TROUBLE as trouble:
+        outcomes = failed(members, str(trouble))
+    else:
         with ThreadPoolExecutor(jobs) as pool:
             given = pool.map(lambda scenario: run_one(scenario, program_dir, prefix), members)
-            outcomes.update(zip((scenario.path for scenario in members), given))
-    prefix.clear()
-    return [outcomes[scenario.path] for scenario in scenarios]
+            outcomes = dict(zip((scenario.path for scenario in members), given))
+    return outcomes | left_behind(members, prefix, drives=False)
+
+
+def left_behind(members: list[Scenario], prefix: Prefix,
+                drives: bool = True) -> dict[Path, Outcome | Mistake]:
+    """Takes back what is staged. Where that cannot be done, those fail for which it was, not the next."""
+    try:
+        prefix.clear(drives)
+        return {}
+    except TROUBLE as trouble:
+        prefix.give_up()
+        return failed(members, f"what was staged cannot be taken back: {trouble}")
+
+
+def failed(members: list[Scenario], why: str) -> dict[Path, Outcome | Mistake]:
+    return {scenario.path: Mistake(f"{scenario.path}: {why}") for scenario in members}
 
 
 def add_environment(environment: dict[str, str], more: dict[str, str]) -> None:
@@ -244,9 +279,12 @@ def drives_in(staging: Staging) -> int:
     return len(staging.section("volumes")) if "volumes" in staging.stages else 0
 
 
-def run_one(scenario: Scenario, program_dir: Path, prefix: Prefix) -> Outcome:
+def run_one(scenario: Scenario, program_dir: Path, prefix: Prefix) -> Outcome | Mistake:
     """Runs the program over what is staged; what it gives is worded as Windows would have it."""
-    outcome = run_staged(scenario, program_dir, prefix)
+    try:
+        outcome = run_staged(scenario, program_dir, prefix)
+    except TROUBLE as trouble:
+        return Mistake(f"{scenario.path}: {trouble}")
     if scenario.stages:
         outcome.console = as_windows_words_it(outcome.console)
         outcome.report = as_windows_words_it(outcome.report)

@@ -50,17 +50,25 @@ def run(options: argparse.Namespace) -> int:
                      if scenario.wine and bool(scenario.stages) == options.staged]
     for mistake in mistakes:
         print(f"FAILED {mistake}\n")
-    failed = len(mistakes)
+    failed, notes = len(mistakes), []
     for scenario, outcome in zip(scenarios, outcomes_of(scenarios, options)):
         found = [str(outcome)] if isinstance(outcome, Mistake) else differences(scenario, outcome)
         if found:
             failed += 1
             print(f"FAILED {scenario.path}: {scenario.sentence}", *found, "", sep="\n")
-        elif outcome.notes:
-            print(*outcome.notes, sep="\n")
+        else:
+            notes += outcome.notes
+    tell(notes, options.notes)
     passed = len(scenarios) + len(mistakes) - failed
     print(f"{passed} passed, {failed} failed")
     return 0 if failed == 0 and passed > 0 else 1
+
+
+def tell(notes: list[str], path: Path | None) -> None:
+    text = "".join(note + "\n" for note in notes)
+    print(text, end="")
+    if path:
+        path.write_text(text, encoding="utf-8")
 
 
 def show(options: argparse.Namespace) -> int:
@@ -116,6 +124,8 @@ def parse_options(arguments: list[str]) -> argparse.Namespace:
     commands = parser.add_subparsers(required=True, metavar="COMMAND")
     command = commands.add_parser("run", help="run scenarios and print every difference")
     add_running(command)
+    command.add_argument("--notes", type=Path, metavar="FILE",
+                         help="write there as well what passed runs cost, where a scenario sets a bound")
     command.add_argument("paths", nargs="*", type=Path, metavar="FOLDER|FILE")
     command.set_defaults(do=run)
     command = commands.add_parser("show", help="run one scenario and print what it gives")

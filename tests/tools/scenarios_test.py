@@ -14,7 +14,7 @@ import scenario_run
 import scenario_wine
 import scenarios
 from machine_text import Staging, parse_machine
-from scenario_compare import log_lines
+from scenario_compare import Outcome, log_lines
 from scenario_failures import failing
 
 # Stands for the program: banner and arguments on the console, a log of two records, a report on "save".
@@ -207,6 +207,26 @@ class MistakenFiles(RunnerTest):
         }.items():
             with self.subTest(text=text):
                 self.assert_fails(text, reason)
+
+
+class Notes(RunnerTest):
+    def run_with_notes(self, text: str) -> tuple[str, str]:
+        """What was printed, and what the file got."""
+        outcome = Outcome(b"\n[3254]\n", b"", 0, None, None, notes=["10 calls", "20 calls"])
+        self.write("notes.txt", "old\n")
+        with mock.patch.object(scenarios, "run_natively", return_value=outcome):
+            path = self.write("one.scenario", text)
+            printed = self.call("run", "--notes", self.folder / "notes.txt", path)[1]
+        return printed, (self.folder / "notes.txt").read_text(encoding="utf-8")
+
+    def test_they_are_printed_and_written(self):
+        self.assertEqual(self.run_with_notes("S.\n=== console\n\n[3254]\n"),
+                         ("10 calls\n20 calls\n1 passed, 0 failed\n", "10 calls\n20 calls\n"))
+
+    def test_what_failed_cost_nothing_worth_telling(self):
+        printed, written = self.run_with_notes("S.\n=== console\n[3255]\n")
+        self.assertNotIn("calls", printed)
+        self.assertEqual(written, "")
 
 
 class ShownAndListed(RunnerTest):

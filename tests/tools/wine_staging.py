@@ -3,6 +3,7 @@
 tests/windows/stager carries the orders out; each has its counterpart, which takes back what it did.
 """
 
+import os
 from dataclasses import dataclass, field
 from pathlib import Path
 
@@ -43,3 +44,11 @@ class Tools:
         if not path.is_file():
             raise Mistake(f"{path}: not built; build the preset 'windows'")
         return path
+
+
+def put_library(path: Path, contents: bytes) -> None:
+    """Puts a library into a prefix, in one step: a program that just begins finds the old one or the new."""
+    if path.is_symlink() or not path.is_file() or path.read_bytes() != contents:
+        begun = path.with_name(f"{path.name}.new")
+        begun.write_bytes(contents)
+        os.replace(begun, path)

@@ -4,6 +4,7 @@ import re
 import struct
 from pathlib import Path
 
+import wine_staging
 from machine_text import Staging
 from scenario_file import Mistake
 from wine_staging import Orders, Tools
@@ -77,9 +78,7 @@ def put_library(prefix: Path, tools: Tools) -> None:
     system = prefix / "drive_c" / "windows" / "system32"
     for name, contents in (("sechost.dll", tools.path("sechost.dll").read_bytes()),
                            ("sechost0.dll", OWN_LIBRARY.read_bytes().replace(BUILTIN, bytes(len(BUILTIN)), 1))):
-        # What stands there may be a link into the package: it must go, not be written through.
-        (system / name).unlink(missing_ok=True)
-        (system / name).write_bytes(contents)
+        wine_staging.put_library(system / name, contents)
 
 
 def add_orders(staging: Staging, orders: Orders) -> None:

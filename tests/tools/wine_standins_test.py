@@ -39,6 +39,22 @@ class StandIns(unittest.TestCase):
                 given = 2 if expected.startswith("A") else 0
                 self.assertEqual(found[0], f"calls: expected {expected}, got {given}")
 
+    def test_at_most_some_are_not_none(self):
+        found = self.differences("=== calls\nremote at most 12\n", "A 2\n")
+        self.assertEqual(found[0], "calls: expected remote at most 12, got 0")
+
+    def test_where_nothing_was_counted_nothing_is_as_expected(self):
+        without = "=== quirks\nno cluster library\n"
+        for blocks in ("", "=== calls\nA 0\n", "=== quirks\nA : error 5\n", without + "A : error 5\n",
+                       without + "=== calls\nA 0\n"):
+            with self.subTest(blocks=blocks):
+                found = wine_standins.differences(self.scenario(GOOD + blocks), self.folder)
+                self.assertEqual(found, ["calls: no stand-in library left its counts"])
+        self.assertEqual(wine_standins.differences(self.scenario(GOOD + without), self.folder), [])
+
+    def test_a_missing_cluster_library_is_met_by_nothing(self):
+        self.assertEqual(self.differences("=== quirks\nno cluster library\n", "A 1\n"), [])
+
     def test_what_was_not_given_back_is_told(self):
         for name in ("not given back", "not closed"):
             with self.subTest(name=name):

@@ -73,11 +73,11 @@ private:
     ProcessHandle m_lender;
 };
 
-/// A screen of its own in the console, where one can be had.
+/// A screen of its own in the console.
 class HostTerminal : public testing::Test {
 protected:
     void SetUp() override {
-        if (!m_console.usable()) GTEST_SKIP() << "no console can be had";
+        ASSERT_TRUE(m_console.usable()) << "no console can be had";
         m_screen = FileHandle(CreateConsoleScreenBuffer(GENERIC_READ | GENERIC_WRITE,
                                                         FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                                         CONSOLE_TEXTMODE_BUFFER, nullptr));
@@ -165,9 +165,37 @@ TEST(HostPipe, WhoseReaderHasLeftTakesNothing) {
     EXPECT_FALSE(output->write(L"more"));
 }
 
+/// Set in a process that was started without a console.
+constexpr const wchar_t* detached = L"KVX_TEST_DETACHED";
+
+/// The exit status of this test alone, in a process without a console.
+DWORD statusWithoutConsole(const std::wstring& test) {
+    std::wstring program(32768, L'\0');
+    program.resize(GetModuleFileNameW(nullptr, program.data(), static_cast<DWORD>(program.size())));
+    std::wstring command = L'"' + program + L"\" --gtest_brief=1 --gtest_filter=" + test;
+    SetEnvironmentVariableW(detached, L"1");
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION process{};
+    const bool started = CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, DETACHED_PROCESS,
+                                        nullptr, nullptr, &start, &process) != 0;
+    SetEnvironmentVariableW(detached, nullptr);
+    if (!started) return GetLastError();
+    WaitForSingleObject(process.hProcess, INFINITE);
+    DWORD status = STILL_ACTIVE;
+    GetExitCodeProcess(process.hProcess, &status);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    return status;
+}
+
 TEST(HostPipe, HasTheCodePageOfTheSystemWithoutAConsole) {
-    if (GetConsoleOutputCP() != 0) GTEST_SKIP() << "there is a console";
-    EXPECT_EQ(ConsoleOutput::readersCodePage(), GetOEMCP());
+    if (GetConsoleOutputCP() == 0) {
+        EXPECT_EQ(ConsoleOutput::readersCodePage(), GetOEMCP());
+    } else {
+        ASSERT_EQ(GetEnvironmentVariableW(detached, nullptr, 0), 0U) << "there is a console all the same";
+        EXPECT_EQ(statusWithoutConsole(L"HostPipe.HasTheCodePageOfTheSystemWithoutAConsole"), 0U);
+    }
 }
 
 }  // namespace

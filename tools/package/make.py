@@ -45,19 +45,21 @@ def main() -> int:
         parser.add_argument(option, required=True)
     for option in ("--map", "--output", "program"):
         parser.add_argument(option, type=pathlib.Path, **({"required": True} if option[0] == "-" else {}))
-    parser.add_argument("documents", type=pathlib.Path, nargs="+")
+    parser.add_argument("documents", type=pathlib.Path, nargs="+", help="with THIRD-PARTY.txt among them")
     options = parser.parse_args()
 
     moment = moment_of(options.released)
     program = options.program.name
     files = {program: options.program.read_bytes()}
     files |= {path.name: for_windows(path.read_text(encoding="utf-8")) for path in options.documents}
+    notices = next(path for path in options.documents if path.name == "THIRD-PARTY.txt")
     try:
         linked = components(options.map.read_text(encoding="utf-8", errors="replace"), options.compiler)
+        bill = bill_of_materials(options.output.stem, options.version, program, files, linked,
+                                 notices.read_text(encoding="utf-8"), moment)
     except ValueError as mistake:
         print(f"make.py: {mistake}", file=sys.stderr)
         return 1
-    bill = bill_of_materials(options.output.stem, options.version, program, files, linked, moment)
     files["kvxinfo.spdx.json"] = bill
     files["SHA256SUMS"] = checksums(files)
     write_archive(options.output, files, moment)

@@ -6,6 +6,7 @@ import json
 import re
 
 from components import Component
+from notices import copyright_of, licence_text, licences_in
 
 NO_ASSERTION = "NOASSERTION"
 # What cannot be listed: it is made of what this document says.
@@ -13,9 +14,10 @@ LEFT_OUT = ["./SHA256SUMS", "./kvxinfo.spdx.json"]
 
 
 def bill_of_materials(name: str, version: str, program: str, files: dict[str, bytes],
-                      linked: list[Component], moment: datetime.datetime) -> bytes:
+                      linked: list[Component], notices: str, moment: datetime.datetime) -> bytes:
     """The document about the package `name` of `files`, contents by name; `program` is the one of them that
-    `linked` is part of. The same arguments give the same bytes."""
+    `linked` is part of, and `notices` THIRD-PARTY.txt. The same arguments give the same bytes. Raises
+    `ValueError` when the notices lack something."""
     document = {
         "spdxVersion": "SPDX-2.3",
         "dataLicense": "CC0-1.0",
@@ -26,7 +28,8 @@ def bill_of_materials(name: str, version: str, program: str, files: dict[str, by
             "created": moment.strftime("%Y-%m-%dT%H:%M:%SZ"),
             "creators": [f"Tool: kvxinfo-package-{version}"],
         },
-        "packages": [_package(name, version, files), *(_component(part) for part in linked)],
+        "hasExtractedLicensingInfos": _licences(linked, notices),
+        "packages": [_package(name, version, files), *(_component(part, notices) for part in linked)],
         "files": [_file(file, files[file]) for file in sorted(files)],
         "relationships": _relationships(program, sorted(files), linked),
     }
@@ -38,6 +41,12 @@ def bill_of_materials(name: str, version: str, program: str, files: dict[str, by
 
 def _identifier(kind: str, name: str) -> str:
     return f"SPDXRef-{kind}-" + re.sub(r"[^A-Za-z0-9.-]", "-", name)
+
+
+def _licences(linked: list[Component], notices: str) -> list[dict]:
+    names = sorted({name for part in linked for name in licences_in(part.licence)})
+    return [{"licenseId": name, "name": name.removeprefix("LicenseRef-"),
+             "extractedText": licence_text(name, notices)} for name in names]
 
 
 def _relationships(program: str, files: list[str], linked: list[Component]) -> list[dict]:
@@ -73,23 +82,24 @@ def _package(name: str, version: str, files: dict[str, bytes]) -> dict:
     }
 
 
-def _component(part: Component) -> dict:
+def _component(part: Component, notices: str) -> dict:
     described = {
         "SPDXID": _identifier("Package", part.name),
         "name": part.name,
         "versionInfo": part.version,
         "primaryPackagePurpose": "LIBRARY",
-        "supplier": NO_ASSERTION,
+        "supplier": f"Organization: {part.vendor}" if part.vendor else NO_ASSERTION,
         "downloadLocation": NO_ASSERTION,
         "homepage": part.homepage,
         "filesAnalyzed": False,
-        "licenseConcluded": NO_ASSERTION,
+        "licenseConcluded": part.licence,
         "licenseDeclared": part.licence,
-        "copyrightText": NO_ASSERTION,
+        "copyrightText": copyright_of(part.name, notices),
         "comment": part.comment,
     }
     if part.package:
-        described["sourceInfo"] = f"from the package {part.package} of the system that built the program"
+        whose = part.vendor or "the system that built the program"
+        described["sourceInfo"] = f"from the package {part.package} of {whose}"
     return described
 
 

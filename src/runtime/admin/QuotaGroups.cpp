@@ -37,11 +37,15 @@ host::Answer<MembershipTable> QuotaGroups::readTable(const ListedAccounts& accou
         const auto isMatchedOfDomain = [&isMatched](const host::Account& group) {
             return !isBuiltIn(group) && isMatched(group);
         };
-        std::vector<GroupSet> sets{localGroupsAt({}), localGroupsAt(source), globalGroupsAt(source)};
+        std::vector<GroupSet> sets{localGroupsAt({}), globalGroupsAt(source)};
         sets[0].isWanted = isMatched;
         sets[1].isWanted = isMatchedOfDomain;
-        sets[2].isWanted = isMatchedOfDomain;
-        sets[2].onlyDirect = true;
+        sets[1].onlyDirect = true;
+        // On a controller the groups of this computer are those of the domain.
+        if (!source.server.empty()) {
+            sets.push_back(localGroupsAt(source));
+            sets.back().isWanted = isMatchedOfDomain;
+        }
         return MembershipTable::read(sets, host::nesting(), accounts);
     });
 }

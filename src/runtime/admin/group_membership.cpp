@@ -6,6 +6,7 @@
 #include "runtime/base/CString.h"
 #include "runtime/base/QVErrno.h"
 #include "runtime/host/host.h"
+#include "runtime/util/ListedAccounts.h"
 #include "runtime/util/QVDomainController.h"
 
 namespace {
@@ -20,8 +21,9 @@ bool equalNames(const std::wstring& left, const CString& right) {
 void append(const host::Answer<Accounts>& answer, const wchar_t* which, const host::Account& account,
             Accounts& groups) {
     if (!answer.found()) {
-        raise(answer.failure, formatted(L"the %s groups of '%s\\%s' cannot be determined", which,
-                                        account.domain.c_str(), account.name.c_str()));
+        const wchar_t* const why = answer.isMissing() ? L": no such user is known" : L"";
+        raise(answer.failure, formatted(L"the %s groups of '%s\\%s' cannot be determined%s", which,
+                                        account.domain.c_str(), account.name.c_str(), why));
     }
     groups.insert(groups.end(), answer.value.begin(), answer.value.end());
 }
@@ -32,10 +34,14 @@ void append(const host::Answer<Accounts>& answer, const wchar_t* which, const ho
 bool isOfDomain(const host::Account& account) {
     const host::Membership& membership = QVDomainController::membership();
     if (!membership.joined) return false;
-    if (equalNames(account.domain, CString(membership.domainName))) return true;
-    const auto system = host::system();
-    if (!system.found()) raise(system.failure, L"the name of this computer cannot be determined");
-    if (equalNames(account.domain, CString(system.value.computerName))) return false;
+    const bool hasDomainName = equalNames(account.domain, CString(membership.domainName));
+    if (hasDomainName && membership.domainController) return true;  // it has no other accounts
+    const auto own = host::accountDomain();
+    if (!own.found() && !hasDomainName) raise(own.failure, L"the name of this computer cannot be determined");
+    // A domain may have the name of this computer: then the SID tells.
+    const bool hasOwnName = own.found() && equalNames(account.domain, CString(own.value.name));
+    if (hasOwnName && (!hasDomainName || own.value.has(account.sid))) return false;
+    if (hasDomainName) return true;
     raise(QVErrno::_E_::Unspecific,
           formatted(L"the groups of '%s\\%s' cannot be determined: it is no account of this "
                     L"computer or its domain",

@@ -18,6 +18,13 @@ std::pair<const std::uint32_t*, const std::uint32_t*> counted(const Sid& sid) {
 
 }  // namespace
 
+bool AccountDomain::has(const Sid& account) const {
+    if (account.subAuthorityCount != sid.subAuthorityCount + 1) return false;
+    Sid domain = account;
+    --domain.subAuthorityCount;
+    return domain == sid;
+}
+
 bool Sid::operator==(const Sid& other) const {
     const auto [first, last] = counted(*this);
     const auto [otherFirst, otherLast] = counted(other);

@@ -93,6 +93,15 @@ struct Account {
     bool operator==(const Account& other) const = default;
 };
 
+/// The domain of the accounts that a machine keeps by itself: its own, or, of a domain controller, its domain.
+struct AccountDomain {
+    std::wstring name;
+    Sid sid;
+
+    /// Whether the SID is one of an account of this domain.
+    bool has(const Sid& account) const;
+};
+
 /// Where accounts are asked for: at this computer, or at a domain controller.
 struct AccountSource {
     std::wstring server;  ///< the controller's name without leading "\\"; empty: this computer
@@ -136,13 +145,14 @@ struct VolumeFacts {
 
 struct ClusterNode {
     std::wstring name;
-    std::wstring state;  ///< "up", "down", "paused", "joining", "unknown"
+    std::wstring
+        state;  ///< "up", "down", "paused", "joining", "unknown", the last with a code where there is one
 };
 
 struct ClusterGroup {
     std::wstring name;
     std::wstring owner;  ///< the node that owns it; may be empty
-    std::wstring state;  ///< "online", "offline", "failed", "partly online", "pending", "unknown"
+    std::wstring state;  ///< "online", "offline", "failed", "partly online", "pending", "unknown" as above
 };
 
 struct ClusterFacts {

@@ -157,6 +157,9 @@ Answer<CodePageFacts> ansiCodePage();
 /// Whether this computer is joined to a domain; a local question. Windows: DsRoleGetPrimaryDomainInformation.
 Answer<Membership> membership();
 
+/// The domain of this computer's own accounts; a local question. Windows: LsaQueryInformationPolicy.
+Answer<AccountDomain> accountDomain();
+
 /// The name of a controller of the domain that `membership` told, without leading "\\"; the primary one's computer
 /// name with `primary`. `rediscover` when the last answer proved useless. Missing without a domain: nothing is
 /// searched for then. Windows: DsGetDcNameW.

@@ -10,8 +10,9 @@
 
 namespace host {
 
-/// More than any list has: one that goes on is made up by a broken server.
-inline constexpr std::uint64_t mostItems = 1U << 24U;
+/// More than any list has (the largest domains have a million accounts): one that goes on is made up by a broken
+/// server.
+inline constexpr std::uint64_t mostItems = 1U << 22U;
 
 /// Notices a list that goes nowhere: pages that come again, at once or round in a circle.
 template <class Item>

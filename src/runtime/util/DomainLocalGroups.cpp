@@ -60,7 +60,8 @@ host::Answer<Accounts> DomainLocalGroups::of(const host::Account& account) {
     };
     const auto taken = m_memberships.tryOnce(index, readTable, agrees);
     if (taken.found()) return groupsIn(*m_memberships.table(), index);
-    QVLog::mf_writeMessage(QVLogData::LEVEL_W, L"QVUser::mf_getDomainLocalGroupList", L"%s",
-                           reasonText(taken, L"the members of the groups cannot be used, each user is asked for alone"));
+    QVLog::mf_writeMessage(
+        QVLogData::LEVEL_W, L"QVUser::mf_getDomainLocalGroupList", L"%s",
+        reasonText(taken, L"the groups of all users cannot be told from the members of the groups"));
     return alone;
 }

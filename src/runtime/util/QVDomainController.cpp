@@ -29,17 +29,24 @@ Instance& requireInstance() {
 
 host::Answer<host::AccountSource> locate(bool again) {
     const host::Membership& membership = QVDomainController::membership();
+    if (!membership.joined)
+        return host::Answer<host::AccountSource>::failed(0, L"this computer is not joined to a domain");
     if (membership.domainController) return host::AccountSource{};  // this computer itself
     const auto name = host::domainController(membership, false, again);
     if (!name.found()) return host::Answer<host::AccountSource>::without(name);
     return host::AccountSource{name.value};
 }
 
-/// Whether a code says that the other computer was not reached or did not go on. Any other code is an answer of its.
+/// Whether a code says that the other computer was not reached, does not go on, or is not the one that it was taken
+/// for. Any other code is an answer of its.
 bool saysLost(std::uint32_t code) {
     static constexpr std::uint32_t codes[] = {
-        51,   53,   54,   55,   59,   64,   65,   67,   121,  1130, 1231,
-        1232, 1311, 1355, 1717, 1722, 1726, 1727, 1753, 1818, 1908, 2453,
+        51,   53,   54,   55,   59,   64,   67,          // network name, path, adapter, connection
+        71,   121,  1115, 1130, 1460,                    // too busy, timed out, being shut down
+        1225, 1231, 1232, 1233, 1234, 1236, 1256, 1311,  // connection refused or aborted, host out of reach
+        1355, 1396, 1908,                                // no such domain, wrong target, no controller
+        1715, 1717, 1722, 1723, 1726, 1727, 1753, 1818,  // remote procedure calls
+        2453,                                            // no controller was found
     };
     return std::find(std::begin(codes), std::end(codes), code) != std::end(codes);
 }

@@ -38,7 +38,7 @@ public:
     static host::Answer<std::vector<host::Account>> domainLocalGroupsOf(const host::Account& account);
 
     /// Where the domain's accounts can be asked for: a controller of the domain, located at first use; this computer
-    /// where it is one itself. `failed` or `missing` when there is none.
+    /// where it is one itself. `failed` or `refused` when there is none.
     static host::Answer<host::AccountSource> accountSource();
 
     /// Asks the domain: `question(source)` gives an `Answer`. When the controller proves lost, it is put once more, to

@@ -20,6 +20,7 @@ std::optional<Service> service;
 /// What stands in the list for volumes that are not known: an empty list would say that there are none.
 host::VolumeFacts unlisted(const host::Answer<std::vector<host::VolumeFacts>>& answer) {
     host::VolumeFacts volume;
+    volume.paths = host::Answer<host::Done>::without(answer);
     volume.fileSystem = host::Answer<std::wstring>::without(answer);
     return volume;
 }

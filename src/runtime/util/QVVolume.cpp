@@ -62,11 +62,8 @@ const CString QVVolume::mf_toString(const CString& prefix) const {
     if (m_facts.letter) lines.add(L"Drive:", name());
     for (const std::wstring& folder : m_facts.folders)
         lines.add(L"Mounted in:", CString(folder));
-    if (!m_facts.paths.found()) {
-        lines.add(L"Drive:", unknownFact(m_facts.paths));
-    } else if (!m_facts.letter && m_facts.folders.empty()) {
-        lines.add(L"Drive:", L"(none)");
-    }
+    if (!m_facts.letter && m_facts.folders.empty())
+        lines.add(L"Drive:", m_facts.paths.found() ? CString(L"(none)") : unknownFact(m_facts.paths));
     if (!m_facts.device.empty()) lines.add(L"Volume:", CString(m_facts.device));
     addFact(lines, L"Label:", m_facts.label, m_facts);
     lines.add(L"Type:", typeText(m_facts.type));

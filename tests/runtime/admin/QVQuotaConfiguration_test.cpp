@@ -233,8 +233,7 @@ TEST_F(QVQuotaConfigurationTest, AFaultyFileLeavesNoInstance) {
 }
 
 TEST_F(QVQuotaConfigurationTest, AMembershipTestThatFailsLeavesUsersUndecided) {
-    create(std::string(computer) + "[domain]\n! error 1355 membership\n",
-           "default = 1\ngroup Staff = 1\n");
+    create(std::string(computer) + "[domain]\n! error 1355 membership\n", "default = 1\ngroup Staff = 1\n");
     expectError(alice, L"system error 1355");
 }
 

@@ -6,6 +6,7 @@
 
 #include "runtime/base/QVErrno.h"
 #include "runtime/util/QVDomainController.h"
+#include "runtime/util/QVSid.h"
 #include "tests/runtime/admin/described_machine.h"
 
 namespace {
@@ -52,6 +53,23 @@ protected:
         }
     }
 };
+
+TEST_F(GroupMembershipTest, WhereTheDomainHasTheNameOfTheComputerTheSidTells) {
+    start(
+        "[system]\ncomputer = WS01\nsid = S-1-5-21-1-2-3\n"
+        "[domain]\njoined = yes\nname = WS01\ncontroller = DC01\nsid = S-1-5-21-4-5-6\n");
+    EXPECT_FALSE(isOfDomain({L"WS01", L"alice", sidFromText(L"S-1-5-21-1-2-3-1001")}));
+    EXPECT_TRUE(isOfDomain({L"WS01", L"alice", sidFromText(L"S-1-5-21-4-5-6-1001")}));
+    EXPECT_TRUE(isOfDomain({L"WS01", L"alice", {}}));
+}
+
+TEST_F(GroupMembershipTest, OnAControllerTheAccountsAreThoseOfTheDomain) {
+    start(
+        "[system]\ncomputer = DC01\n[domain]\njoined = yes\nname = CORP\nrole = controller\n"
+        "[domain users]\nalice\n");
+    EXPECT_TRUE(isOfDomain({L"CORP", L"alice", {}}));
+    EXPECT_THROW(isOfDomain({L"OTHER", L"alice", {}}), QVErrno);
+}
 
 TEST_F(GroupMembershipTest, AnAccountOfThisComputerHasLocalGroupsOnly) {
     start(member);

@@ -35,8 +35,9 @@ TEST_F(QVClusterDescribed, AServiceThatDoesNotAnswerIsTextInTheReportAndAnErrorA
     describe("[cluster]\n! refused\n");
     EXPECT_EQ(QVCluster::mf_toString(L"").units(),
               L"The cluster service refuses to answer, system error 5: Access is denied.");
-    EXPECT_EQ(errorOf([] { QVClusterMain::mf_startCluster(0); }),
-              L"System call failed: the cluster service refuses to answer, system error 5: Access is denied.");
+    EXPECT_EQ(
+        errorOf([] { QVClusterMain::mf_startCluster(0); }),
+        L"System call failed: the cluster service refuses to answer, system error 5: Access is denied.");
 }
 
 TEST_F(QVClusterDescribed, StoppingIsHarmlessWhateverTheClusterSays) {

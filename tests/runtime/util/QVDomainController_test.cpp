@@ -112,6 +112,24 @@ TEST_F(QVDomainControllerTest, AnAnswerOfTheControllerNeedsNoOtherOne) {
     EXPECT_EQ(described::remoteQuestions(), 1U);
 }
 
+TEST_F(QVDomainControllerTest, ACodeSaysWhetherTheControllerIsLost) {
+    for (const std::uint32_t code :
+         {51U,   53U,   54U,   55U,   59U,   64U,   67U,   71U,   121U,  1115U, 1130U,
+          1225U, 1231U, 1232U, 1233U, 1234U, 1236U, 1256U, 1311U, 1355U, 1396U, 1460U,
+          1715U, 1717U, 1722U, 1723U, 1726U, 1727U, 1753U, 1818U, 1908U, 2453U}) {
+        startOn(member);
+        EXPECT_EQ(timesAsked(Reply::failed(code)), 2) << code;
+        EXPECT_EQ(described::remoteQuestions(), 2U) << code;
+        QVDomainController::stop();
+    }
+    for (const std::uint32_t code : {0U, 5U, 124U, 1332U, 2123U, 2138U, 2221U, 2351U}) {
+        startOn(member);
+        EXPECT_EQ(timesAsked(Reply::failed(code)), 1) << code;
+        EXPECT_EQ(described::remoteQuestions(), 1U) << code;
+        QVDomainController::stop();
+    }
+}
+
 TEST_F(QVDomainControllerTest, AControllerAsksItself) {
     startOn("[system]\ncomputer = DC02\n[domain]\njoined = yes\nname = CORP\nrole = controller\n");
     EXPECT_EQ(QVDomainController::accountSource().value.server, L"");
@@ -126,7 +144,8 @@ TEST_F(QVDomainControllerTest, AControllerAsksItself) {
 
 TEST_F(QVDomainControllerTest, NothingIsSearchedForWithoutADomain) {
     startOn("[domain]\nworkgroup = HOME\ncontroller = DC02\n");
-    EXPECT_TRUE(QVDomainController::accountSource().isMissing());
+    EXPECT_EQ(QVDomainController::accountSource().status, host::Status::failed);
+    EXPECT_EQ(QVDomainController::accountSource().failure.text, L"this computer is not joined to a domain");
     EXPECT_TRUE(holds(errorOf([] { QVDomainController::mf_getPDCName(); }),
                       L"no primary domain controller was found"));
     EXPECT_EQ(described::remoteQuestions(), 0U);

@@ -39,7 +39,8 @@ TEST_F(QVStorageDescribed, OneStandsForVolumesThatTheSystemDoesNotList) {
     EXPECT_EQ(volumes[0]->mf_toString(L"  "),
               L"  The volumes cannot be listed, system error 5: Access is denied.");
     EXPECT_TRUE(holds(errorOf([&] { volumes[0]->mf_getFileSystemName(); }), L"system error 5"));
-    EXPECT_TRUE(holds(errorOf([&] { volumes[0]->mf_getDriveLetter(); }), L"has no drive letter"));
+    EXPECT_TRUE(holds(errorOf([&] { volumes[0]->mf_getDriveLetter(); }),
+                      L"the drive letter of volume (not listed) is unknown, system error 5"));
     EXPECT_NE(QVStorage::mf_isInitialized(), 0);
 }
 

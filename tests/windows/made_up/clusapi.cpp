@@ -1,14 +1,20 @@
 /// A made-up cluster library: it answers from the section [cluster] of the description of which netapi32.cpp
 /// tells, with quirks and counts like its. Without that section the computer is not a node of a cluster.
+///
+/// The program loads it at its start, before it asks for anything else: so it is also what replaces imports of
+/// system libraries that nothing can stand in for (volumes.h, services.h).
 
 #include <algorithm>
 #include <cwchar>
 #include <string>
 
+#include "imports.h"
 #include "machine.h"
 #include "quirks.h"
 #include "runtime/host/described/fold.h"
 #include "runtime/host/os.h"
+#include "services.h"
+#include "volumes.h"
 
 namespace {
 
@@ -173,7 +179,12 @@ __declspec(dllexport) BOOL WINAPI CloseClusterGroup(Object* group) {
     return closed("CloseClusterGroup", group) == ERROR_SUCCESS;
 }
 
-BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID) {
+BOOL WINAPI DllMain(HINSTANCE library, DWORD reason, LPVOID) {
+    if (reason == DLL_PROCESS_ATTACH && !made_up::variable(L"KVX_MADE_UP_MACHINE").empty()) {
+        made_up::stayLoaded(library);
+        made_up::replaceVolumes();
+        made_up::replaceServices();
+    }
     if (reason == DLL_PROCESS_DETACH) {
         for (long left = handles; left > 0; --left)
             made_up::count("not closed");

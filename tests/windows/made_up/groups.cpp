@@ -30,13 +30,17 @@ void giveNames(const Call& call, const std::vector<std::wstring>& names, DWORD* 
     *total = call.oddity().wrongTotal ? 0 : static_cast<DWORD>(names.size());
 }
 
-/// Where the account that a server is asked for lives: a bare name is one of its own.
+/// The account that a server is asked for: a bare name is one of its own, and a name that the computer and its
+/// domain share is the computer's.
 host::Account accountAt(const Call& call, const std::wstring& name) {
     const std::size_t separator = name.find(L'\\');
-    if (separator == std::wstring::npos) return {std::wstring(directory().label(call.scope())), name, {}};
-    std::wstring domain = name.substr(0, separator);
-    if (directory().isDomainName(domain)) domain = directory().label(Scope::domain);
-    return {domain, name.substr(separator + 1), {}};
+    if (separator == std::wstring::npos)
+        return directory().userNamed(call.scope(), name).value_or(host::Account{L"", name, {}});
+    const std::wstring domain = name.substr(0, separator), user = name.substr(separator + 1);
+    const bool isComputer = described::equalFolded(domain, directory().label(Scope::computer));
+    if (isComputer || !directory().isDomainName(domain)) return {domain, user, {}};
+    const host::Account unknown{std::wstring(directory().label(Scope::domain)), user, {}};
+    return directory().userNamed(Scope::domain, user).value_or(unknown);
 }
 
 DWORD causeOf(const Call& call, GroupKind kind, const host::Account& user) {

@@ -1,7 +1,5 @@
 #include "imports.h"
 
-#include "runtime/host/os.h"
-
 #include <cstring>
 
 namespace made_up {
@@ -44,6 +42,12 @@ void replaceImport(const char* library, const char* function, void* replacement)
                 write(addresses, replacement);
         }
     }
+}
+
+void stayLoaded(HINSTANCE library) {
+    HMODULE pinned = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                       reinterpret_cast<LPCWSTR>(library), &pinned);
 }
 
 }  // namespace made_up

@@ -86,13 +86,40 @@ TEST_F(MadeUp, ARefusalIsNoFailureAndNeitherIsAnEmptyList) {
         EXPECT_EQ(host::localGroups(controller, 0).status, Status::refused);
         EXPECT_EQ(host::localGroupsOf(controller, {L"CORP", L"alice", {}}).status, Status::refused);
     }
-    for (const std::string code : {"1722", "2453", "2351", "53"}) {
+    for (const std::string code :
+         {"53", "124", "1355", "1722", "1753", "2123", "2138", "2351", "2453", "8250"}) {
         describe(machine + "[domain]\n! error " + code + " membership\n", "remote : error " + code + "\n");
         EXPECT_EQ(host::users(controller, 0).status, Status::failed);
         EXPECT_EQ(host::users(controller, 0).failure.code, std::stoul(code));
         EXPECT_EQ(host::globalGroupsOf(controller, {L"CORP", L"alice", {}}).status, Status::failed);
         EXPECT_EQ(host::membership().status, Status::failed);
         EXPECT_EQ(host::membership().failure.code, std::stoul(code));
+    }
+}
+
+TEST_F(MadeUp, AListThatBreaksOffFailsWithItsCode) {
+    const std::string machine = usersAndMachines(300) +
+                                "[domain groups]\nA S-1-5-21-11-22-33-1 = *\n"
+                                "B S-1-5-21-11-22-33-2 =\nC S-1-5-21-11-22-33-3 =\n"
+                                "[domain]\npage size = 2\nmember page size = 20\n";
+    const auto members = [](const host::AccountSource& source, std::uint64_t cursor) {
+        return host::localGroupMembers(source, {L"CORP", L"A", {}}, cursor);
+    };
+    for (const std::string code : {"5", "124", "1722", "2123", "2138", "2221"}) {
+        const std::string second = " call 2 : error " + code + "\n";
+        describe(machine, "NetQueryDisplayInformation" + second + "NetLocalGroupEnum" + second +
+                              "NetLocalGroupGetMembers" + second);
+        const Status expected = code == "5" ? Status::refused : Status::failed;
+        Answer<host::Done> ended;
+        EXPECT_EQ(list(host::users, ended).size(), 2U) << code;
+        EXPECT_EQ(ended.status, expected) << code;
+        EXPECT_EQ(ended.failure.code, std::stoul(code));
+        EXPECT_EQ(list(host::localGroups, ended).size(), 2U) << code;
+        EXPECT_EQ(ended.status, expected) << code;
+        EXPECT_EQ(ended.failure.code, std::stoul(code));
+        EXPECT_EQ(list(members, ended).size(), 20U) << code;
+        EXPECT_EQ(ended.status, expected) << code;
+        EXPECT_EQ(ended.failure.code, std::stoul(code));
     }
 }
 
@@ -207,7 +234,8 @@ TEST_F(MadeUp, AControllerIsNamedWithoutBackslashes) {
 
 TEST_F(MadeUp, AControllerWithoutANameIsNone) {
     const host::Membership known = host::membership().value;
-    for (const std::string how : {"null buffer", "null names", "error 1355"}) {
+    for (const std::string how :
+         {"null buffer", "null names", "error 53", "error 1355", "error 1722", "error 1753", "error 8250"}) {
         describe(member, "DsGetDcNameW : " + how + "\n");
         EXPECT_EQ(host::domainController(known, false, false).status, Status::failed) << how;
         EXPECT_EQ(host::domainController(known, true, false).status, Status::failed) << how;

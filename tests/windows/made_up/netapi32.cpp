@@ -6,6 +6,7 @@
 
 #include "call.h"
 #include "exports.h"
+#include "imports.h"
 #include "security.h"
 
 long KvxOutstanding() {
@@ -32,10 +33,7 @@ void WINAPI KvxRoleFree(PVOID buffer) {
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE library, DWORD reason, LPVOID) {
     if (reason == DLL_PROCESS_ATTACH && !made_up::variable(L"KVX_MADE_UP_MACHINE").empty()) {
-        // The program keeps calling into it.
-        HMODULE pinned = nullptr;
-        GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
-                           reinterpret_cast<LPCWSTR>(library), &pinned);
+        made_up::stayLoaded(library);
         made_up::replaceImports();
     }
     if (reason == DLL_PROCESS_DETACH) {

@@ -115,6 +115,10 @@ void count(const std::string& name) {
     ++calls[name];
 }
 
+void discount(const std::string& name) {
+    --calls[name];
+}
+
 void controllerIsSearchedAnew() {
     std::erase_if(quirks, [](const Quirk& quirk) { return quirk.untilRediscovery; });
 }

@@ -54,6 +54,9 @@ void controllerIsSearchedAnew();
 /// How often `count` and `oddityOf` counted a name.
 long callsOf(const std::string& name);
 
+/// Takes one away of what `count` counted.
+void discount(const std::string& name);
+
 /// Appends all counts to the file that KVX_MADE_UP_CALLS names, "NAME N" a line.
 void writeCalls();
 

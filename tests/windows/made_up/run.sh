@@ -8,8 +8,9 @@ prefix=$(realpath -m "$1")
 program=$2
 shift 2
 
-here=$(realpath "${0%/*}")
-"$here/../../../tools/wine.sh" make "$prefix"
+top=$(cd "${0%/*}/../../.." && pwd -P)
+wine=$top/tools/wine.sh
+"$wine" make "$prefix"
 names=""
 for library in "$@"; do
     # What stands there may be a link into the package: it must go, not be written through.
@@ -18,9 +19,6 @@ for library in "$@"; do
     names+="${names:+,}${name%.dll}"
 done
 
-export WINEPREFIX=$prefix WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=;$names=n"
-unset DISPLAY WAYLAND_DISPLAY
-status=0
-/usr/lib/wine/wine64 "$program" </dev/null || status=$?
-/usr/lib/wine/wineserver -k -w </dev/null >/dev/null 2>&1 || true
-exit "$status"
+trap '"$wine" stop "$prefix" </dev/null >/dev/null 2>&1 || true' EXIT
+"$wine" start "$prefix"
+WINEDLLOVERRIDES="$names=n" "$wine" run "$prefix" "$program" </dev/null

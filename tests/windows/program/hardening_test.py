@@ -98,7 +98,7 @@ class Manifest(unittest.TestCase):
                 self.assertEqual(manifest_faults(changed), [fault])
 
 
-class Version(unittest.TestCase):
+class Version(InFolder):
     def test_program(self):
         info = version_info(PeFile.of(PROGRAMS / "kvxinfo.exe").resource(RESOURCE_VERSION))
         self.assertEqual((info.file_version, info.product_version), (VERSION, VERSION))
@@ -106,6 +106,13 @@ class Version(unittest.TestCase):
             "FileDescription": "HSM client installation check", "FileVersion": "6.1.5.2",
             "InternalName": "kvxinfo", "OriginalFilename": "kvxinfo.exe",
             "ProductName": "HSM client", "ProductVersion": "6.1.5.2"})
+
+    def test_manifest_and_banner_tell_the_same(self):
+        root = ElementTree.fromstring(PeFile.of(PROGRAMS / "kvxinfo.exe").resource(RESOURCE_MANIFEST))
+        identity = root.find("{urn:schemas-microsoft-com:asm.v1}assemblyIdentity")
+        self.assertEqual(identity.get("version"), ".".join(map(str, VERSION)))
+        banner = "Version {}, Release {}, Level {}.{} (".format(*VERSION)
+        self.assertIn(banner, self.run_program(PROGRAMS / "kvxinfo.exe", "version")[1].decode())
 
 
 class StackGuard(InFolder):

@@ -2,6 +2,7 @@
 #include <functional>
 #include <limits>
 
+#include "runtime/host/computer_name.h"
 #include "runtime/host/described/fold.h"
 #include "runtime/host/described/state.h"
 #include "runtime/host/host.h"
@@ -142,6 +143,14 @@ Answer<Membership> membership() {
     return result;
 }
 
+Answer<AccountDomain> accountDomain() {
+    const described::Cause& cause = described::machine().system.systemCause;
+    if (cause.any) return answerOf<AccountDomain>(cause);
+    const Scope scope = domain().joined && domain().isController ? Scope::domain : Scope::computer;
+    const Directory& directory = described::directory();
+    return AccountDomain{std::wstring(directory.label(scope)), directory.domainSid(scope)};
+}
+
 Answer<std::wstring> domainController(const Membership& membership, bool primary, bool) {
     if (!membership.joined) return {};
     described::countRemoteQuestion();
@@ -149,7 +158,7 @@ Answer<std::wstring> domainController(const Membership& membership, bool primary
         return Answer<std::wstring>::failed(noSuchDomain);
     if (domain().unreachable.any) return answerOf<std::wstring>(domain().unreachable);
     const std::wstring& name = primary && !domain().primary.empty() ? domain().primary : domain().controller;
-    if (!name.empty()) return name;
+    if (!name.empty()) return primary ? computerName(name) : name;
     if (domain().isController) return described::machine().system.facts.computerName;
     return Answer<std::wstring>::failed(noSuchDomain);
 }

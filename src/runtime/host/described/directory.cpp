@@ -155,7 +155,7 @@ void Directory::addGroups(const GroupList& groups, GroupKind kind) {
         auto& kindPositions = m_positions[static_cast<std::size_t>(kind)];
         host::Account account = groupAccount(entry, kind, kindPositions.size());
         kindPositions.push_back(m_groups.size());
-        m_groupOfKey.emplace(fullKey(account.domain, account.name), m_groups.size());
+        m_groupOfKey.emplace(keyOf(account), m_groups.size());
         m_groups.push_back({std::move(account), kind, &entry});
     }
 }
@@ -183,7 +183,7 @@ void Directory::addMembers(std::size_t group, Mistakes& mistakes) {
 std::wstring Directory::memberKey(const MemberName& member, GroupKind kind, Mistakes& mistakes) const {
     if (const auto sid = sidOf(member.text)) {
         const auto account = accountOfSid(*sid);
-        return account ? fullKey(account->domain, account->name) : folded(member.text);
+        return account ? keyOf(*account) : folded(member.text);
     }
     const std::size_t separator = member.text.find(L'\\');
     const std::wstring_view text = member.text;
@@ -202,21 +202,23 @@ void Directory::reportUnknown(const MemberName& member, Mistakes& mistakes) cons
 }
 
 std::optional<std::wstring> Directory::qualifiedKey(std::wstring_view domain, std::wstring_view name) const {
-    const bool isComputer = domain == L"." || equalFolded(domain, label(Scope::computer));
-    if (!isComputer && !isDomainName(domain)) return fullKey(domain, name);
-    const Scope scope = isComputer ? Scope::computer : Scope::domain;
-    const std::wstring key = fullKey(label(scope), name);
-    const bool isKnown = m_groupOfKey.contains(key) || userNamed(scope, name).has_value();
-    const bool isDescribed =
-        isComputer || userCount(Scope::domain) + m_machine.globalGroups.listed.entries().size() > 0;
-    if (!isKnown && isDescribed) return std::nullopt;
-    return key;
+    bool isOwn = false;
+    for (const Scope scope : {Scope::computer, Scope::domain}) {
+        if (!names(scope, domain)) continue;
+        const std::wstring key = fullKey(keyDomain(scope), name);
+        if (m_groupOfKey.contains(key) || userNamed(scope, name)) return key;
+        const bool isDescribed = scope == Scope::computer || userCount(Scope::domain) > 0 ||
+                                 !m_machine.globalGroups.listed.entries().empty();
+        if (scope == Scope::domain && !isOwn && !isDescribed) return key;
+        isOwn = true;
+    }
+    return isOwn ? std::nullopt : std::optional(fullKey(domain, name));
 }
 
 /// A bare name is looked for where its group lives, then in the domain.
 std::optional<std::wstring> Directory::unqualifiedKey(std::wstring_view name, GroupKind kind) const {
     for (const Scope scope : {scopeOf(kind), Scope::domain}) {
-        const std::wstring key = fullKey(label(scope), name);
+        const std::wstring key = fullKey(keyDomain(scope), name);
         if (m_groupOfKey.contains(key) || userNamed(scope, name)) return key;
     }
     const std::wstring builtin = fullKey(builtinDomain, name);
@@ -265,10 +267,13 @@ std::optional<std::vector<host::Account>> Directory::members(GroupKind kind, con
 // --- Membership --------------------------------------------------------------------------------------------
 
 std::optional<host::Account> Directory::identify(const host::Account& account) const {
-    if (account.name.empty()) return account.sid.empty() ? std::nullopt : accountOfSid(account.sid);
+    // A domain may have the name of the computer: the SID tells whose account it is.
+    if (!account.sid.empty()) {
+        if (auto known = accountOfSid(account.sid)) return known;
+    }
+    if (account.name.empty()) return std::nullopt;
     for (const Scope scope : {Scope::computer, Scope::domain}) {
         if (!equalFolded(account.domain, label(scope))) continue;
-        // A domain may have the name of the computer.
         if (auto known = userNamed(scope, account.name)) return known;
     }
     return std::nullopt;
@@ -290,15 +295,15 @@ std::optional<std::vector<host::Account>> Directory::groupsOf(const host::Accoun
         const auto found = m_holders.find(key);
         if (found != m_holders.end()) reach(found->second);
     };
-    const bool isOfComputer = equalFolded(known->domain, label(Scope::computer));
+    const bool isOfComputer = equalFolded(known->domain, keyDomain(Scope::computer)) && !isOfNamesake(*known);
     reach(m_holdersOfAll[indexOf(isOfComputer ? Scope::computer : Scope::domain)]);
-    reachHolders(fullKey(known->domain, known->name));
+    reachHolders(keyOf(*known));
     if (!known->sid.empty()) reachHolders(folded(sidText(known->sid)));
     const std::size_t direct = through == Reach::direct ? 0 : open.size();
     for (std::size_t next = 0; next < (through == Reach::throughAllGroups ? open.size() : direct); ++next) {
         const Group& holder = m_groups[open[next]];
         if (through == Reach::throughGlobalGroups && holder.kind != GroupKind::global) continue;
-        reachHolders(fullKey(holder.account.domain, holder.account.name));
+        reachHolders(keyOf(holder.account));
     }
     std::vector<host::Account> groups;
     for (const std::size_t position : positions(kind)) {
@@ -340,7 +345,7 @@ std::optional<host::Account> Directory::accountOfKey(const std::wstring& key) co
     if (group != m_groupOfKey.end()) return m_groups[group->second].account;
     const std::size_t separator = key.find(L'\\');
     for (const Scope scope : {Scope::computer, Scope::domain}) {
-        if (key.substr(0, separator) == folded(label(scope)))
+        if (key.substr(0, separator) == folded(keyDomain(scope)))
             return userNamed(scope, key.substr(separator + 1));
     }
     return std::nullopt;
@@ -355,16 +360,38 @@ std::optional<host::Account> Directory::accountOfName(std::wstring_view fullName
     }
     const std::wstring_view domain = fullName.substr(0, separator);
     const std::wstring_view name = fullName.substr(separator + 1);
-    std::wstring_view owner = domain;
-    if (domain == L".") owner = label(Scope::computer);
-    if (isDomainName(domain)) owner = label(Scope::domain);
-    const auto account = accountOfKey(fullKey(owner, name));
+    for (const Scope scope : {Scope::computer, Scope::domain}) {
+        if (!names(scope, domain)) continue;
+        if (auto account = accountOfKey(fullKey(keyDomain(scope), name))) return account;
+    }
+    const auto account = accountOfKey(fullKey(domain, name));
     return account ? account : worldAccount(fullName);
 }
 
 bool Directory::isOfDomain(const host::Sid& sid) const {
     const unsigned int depth = m_domainSid.subAuthorityCount;
     return sid.subAuthorityCount == depth + 1 && withRid(m_domainSid, sid.subAuthorities[depth]) == sid;
+}
+
+bool Directory::isOfNamesake(const host::Account& account) const {
+    return equalFolded(label(Scope::computer), label(Scope::domain)) &&
+           equalFolded(account.domain, label(Scope::domain)) && isOfDomain(account.sid);
+}
+
+std::wstring Directory::keyDomain(Scope scope) const {
+    std::wstring name(label(scope));
+    // No name of a domain ends so.
+    if (scope == Scope::domain && equalFolded(name, label(Scope::computer))) name += L'/';
+    return name;
+}
+
+std::wstring Directory::keyOf(const host::Account& account) const {
+    return fullKey(isOfNamesake(account) ? keyDomain(Scope::domain) : account.domain, account.name);
+}
+
+bool Directory::names(Scope scope, std::wstring_view domain) const {
+    if (equalFolded(domain, label(scope))) return true;
+    return scope == Scope::computer ? domain == L"." : isDomainName(domain);
 }
 
 bool Directory::isDomainName(std::wstring_view name) const {

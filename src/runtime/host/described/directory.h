@@ -63,6 +63,9 @@ public:
     bool isOfDomain(const host::Sid& sid) const;
     bool isDomainName(std::wstring_view name) const;
 
+    /// The user of that name, without a domain, at the computer or in the domain.
+    std::optional<host::Account> userNamed(Scope scope, std::wstring_view name) const;
+
 private:
     struct Group {
         host::Account account;
@@ -82,7 +85,13 @@ private:
     std::wstring memberKey(const MemberName& member, GroupKind kind, Mistakes& mistakes) const;
     std::optional<std::wstring> qualifiedKey(std::wstring_view domain, std::wstring_view name) const;
     std::optional<std::wstring> unqualifiedKey(std::wstring_view name, GroupKind kind) const;
-    std::optional<host::Account> userNamed(Scope scope, std::wstring_view name) const;
+    /// Whether the account belongs to a domain that has the name of the computer.
+    bool isOfNamesake(const host::Account& account) const;
+    /// What stands for the computer or the domain in keys, which tell them apart also where their names do not.
+    std::wstring keyDomain(Scope scope) const;
+    std::wstring keyOf(const host::Account& account) const;
+    /// Whether `domain` is a name of the computer or the domain.
+    bool names(Scope scope, std::wstring_view domain) const;
     std::optional<host::Account> generatedUser(Scope scope, const std::wstring& key) const;
     std::optional<host::Account> accountOfKey(const std::wstring& key) const;
     host::Account memberOfKey(const std::wstring& key) const;

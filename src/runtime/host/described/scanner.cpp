@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "runtime/host/described/fold.h"
+#include "runtime/host/refusals.h"
 
 namespace described {
 
@@ -131,7 +132,7 @@ bool readVersion(std::wstring_view text, std::uint64_t maximum, std::uint32_t (&
 }
 
 Cause causeOf(std::uint32_t code) {
-    return {true, code == accessDenied || code == 65 || code == 1314, code};
+    return {true, host::isRefusal(code), code};
 }
 
 std::wstring_view Scanner::nextWord() const {

@@ -30,7 +30,7 @@ std::wstring sidText(const host::Sid& sid);
 /// "6.1.5.2": one to four numbers of at most `maximum`; those left out are 0.
 bool readVersion(std::wstring_view text, std::uint64_t maximum, std::uint32_t (&numbers)[4]);
 
-/// The cause that a code of Windows is: 5, 65 and 1314 refuse, others fail.
+/// The cause that a code of Windows is: some refuse (`host::isRefusal`), others fail.
 Cause causeOf(std::uint32_t code);
 
 class Scanner {

@@ -27,6 +27,11 @@ Answer<Account> accountHere(const std::wstring& name) {
 
 }  // namespace
 
+Answer<AccountDomain> accountDomain() {
+    const Answer<AccountDomain>& domain = windows::groupAccounts({}).askDomain();
+    return domain;
+}
+
 Answer<Account> accountOfSid(const Sid& sid) {
     Account account;
     account.sid = sid;

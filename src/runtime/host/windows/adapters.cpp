@@ -33,8 +33,9 @@ std::wstring addressText(const SOCKADDR& address) {
     if (address.sa_family != AF_INET6) return {};
     // A link-local address says nothing without the link.
     const auto& six = reinterpret_cast<const sockaddr_in6&>(address);
-    const std::wstring scope = six.sin6_scope_id != 0 ? L"%" + std::to_wstring(six.sin6_scope_id) : L"";
-    return addressText("RtlIpv6AddressToStringW", six.sin6_addr) + scope;
+    std::wstring text = addressText("RtlIpv6AddressToStringW", six.sin6_addr);
+    if (!text.empty() && six.sin6_scope_id != 0) text += L"%" + std::to_wstring(six.sin6_scope_id);
+    return text;
 }
 
 /// Whether the adapter answers under the address: one that is still tried, or that another computer has, is none.

@@ -57,20 +57,20 @@ DWORD forEach(const windows::ClusterHandle& cluster, DWORD kind, Take take) {
 ClusterNode nodeOf(const windows::ClusterHandle& cluster, const std::wstring& name) {
     const windows::ClusterNodeHandle node(
         clusterLibrary().openNode(cluster.get(), name.c_str(), GENERIC_READ, nullptr));
-    if (!node) return {name, unknownState(GetLastError())};
-    return {name, nameOfNodeState(clusterLibrary().nodeState(node.get()))};
+    const int state = node ? clusterLibrary().nodeState(node.get()) : -1;
+    return {name, state < 0 ? unknownState(lastError()) : nameOfNodeState(state)};
 }
 
 ClusterGroup groupOf(const windows::ClusterHandle& cluster, const std::wstring& name) {
     const windows::ClusterGroupHandle group(
         clusterLibrary().openGroup(cluster.get(), name.c_str(), GENERIC_READ, nullptr));
-    if (!group) return {name, {}, unknownState(GetLastError())};
+    if (!group) return {name, {}, unknownState(lastError())};
     int state = -1;
     const windows::FilledText owner = windows::fillText([&](wchar_t* units, DWORD& size) -> DWORD {
         DWORD characters = size;
         state = clusterLibrary().groupState(group.get(), units, &characters);
         size = characters + 1;
-        return state >= 0 ? ERROR_SUCCESS : GetLastError();
+        return state >= 0 ? ERROR_SUCCESS : lastError();
     });
     if (owner.code != ERROR_SUCCESS) return {name, {}, unknownState(owner.code)};
     return {name, owner.text, nameOfGroupState(state)};

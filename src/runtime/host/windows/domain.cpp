@@ -1,3 +1,4 @@
+#include "runtime/host/computer_name.h"
 #include "runtime/host/host.h"
 #include "runtime/host/windows/errors.h"
 #include "runtime/host/windows/net_api.h"
@@ -51,12 +52,6 @@ DWORD membershipByJoin(Membership& membership) {
 std::wstring withoutBackslashes(const wchar_t* name) {
     const std::wstring text = windows::textOf(name);
     return text.substr(std::min(text.find_first_not_of(L'\\'), text.size()));
-}
-
-/// "dc01.corp.example" is "dc01"; an address stays one.
-std::wstring computerName(const std::wstring& name) {
-    const bool isAddress = name.find_first_not_of(L"0123456789.:") == std::wstring::npos;
-    return isAddress ? name : name.substr(0, name.find(L'.'));
 }
 
 }  // namespace

@@ -12,11 +12,10 @@ constexpr std::size_t groupsAtOnce = namesAtOnce / 2;
 }  // namespace
 
 GroupAccounts::GroupAccounts(const std::wstring& server)
-    : m_server(server), m_domain(accountDomain(server).value), m_builtin(builtinDomainName(server)) {}
+    : m_server(server), m_domain(accountDomain(server)), m_builtin(builtinDomainName(server)) {}
 
 std::vector<Account> GroupAccounts::of(const std::vector<std::wstring>& names) {
-    // What could not be asked once may be answered the next time: failures are not remembered.
-    if (m_domain.name.empty()) m_domain = accountDomain(m_server).value;
+    askDomain();
     std::vector<std::wstring> unknown;
     for (const std::wstring& name : names) {
         if (!m_known.contains(name)) unknown.push_back(name);
@@ -28,13 +27,13 @@ std::vector<Account> GroupAccounts::of(const std::vector<std::wstring>& names) {
     accounts.reserve(names.size());
     for (const std::wstring& name : names) {
         const auto known = m_known.find(name);
-        accounts.push_back(known != m_known.end() ? known->second : Account{m_domain.name, name, {}});
+        accounts.push_back(known != m_known.end() ? known->second : Account{domain().name, name, {}});
     }
     return accounts;
 }
 
 Answer<Account> GroupAccounts::one(const std::wstring& name) {
-    if (m_domain.name.empty()) m_domain = accountDomain(m_server).value;
+    if (!askDomain().found()) return Answer<Account>::without(m_domain);
     if (!m_known.contains(name)) {
         const Answer<Done> asked = lookUp({name}, 0, 1);
         if (!asked.found()) return Answer<Account>::without(asked);
@@ -43,11 +42,16 @@ Answer<Account> GroupAccounts::one(const std::wstring& name) {
     return account.sid.empty() ? Answer<Account>::missing() : Answer<Account>(account);
 }
 
+const Answer<AccountDomain>& GroupAccounts::askDomain() {
+    if (!m_domain.found()) m_domain = accountDomain(m_server);
+    return m_domain;
+}
+
 Answer<Done> GroupAccounts::lookUp(const std::vector<std::wstring>& names, std::size_t first,
                                    std::size_t end) {
     // Never a bare name: it would be looked for in every trusted domain.
     std::vector<std::wstring> asked;
-    const std::wstring& own = m_domain.name.empty() ? m_builtin : m_domain.name;
+    const std::wstring& own = m_domain.found() ? domain().name : m_builtin;
     for (std::size_t i = first; i < end; ++i)
         asked.push_back(own + L'\\' + names[i]);
     for (std::size_t i = first; i < end; ++i)
@@ -57,11 +61,14 @@ Answer<Done> GroupAccounts::lookUp(const std::vector<std::wstring>& names, std::
 
     const std::size_t count = end - first;
     for (std::size_t i = 0; i < count; ++i) {
-        Account account{m_domain.name, names[first + i], {}};
         const Account& direct = found.value[i];
         const Account& builtin = found.value[count + i];
-        if (!direct.sid.empty() || !builtin.sid.empty()) account = direct.sid.empty() ? builtin : direct;
-        m_known.insert_or_assign(names[first + i], std::move(account));
+        const bool isKnown = !direct.sid.empty() || !builtin.sid.empty();
+        if (isKnown) {
+            m_known.insert_or_assign(names[first + i], direct.sid.empty() ? builtin : direct);
+        } else if (m_domain.found()) {
+            m_known.insert_or_assign(names[first + i], Account{domain().name, names[first + i], {}});
+        }
     }
     return Done{};
 }

@@ -22,13 +22,16 @@ public:
     /// The account of one name; missing where there is none, unanswered where that cannot be asked.
     Answer<Account> one(const std::wstring& name);
 
-    const AccountDomain& domain() const { return m_domain; }
+    /// The domain, asked for again where it was not told: failures are not remembered.
+    const Answer<AccountDomain>& askDomain();
+    /// Empty where it could not be told.
+    const AccountDomain& domain() const { return m_domain.value; }
 
 private:
     Answer<Done> lookUp(const std::vector<std::wstring>& names, std::size_t first, std::size_t end);
 
     std::wstring m_server;
-    AccountDomain m_domain;
+    Answer<AccountDomain> m_domain;
     std::wstring m_builtin;
     std::map<std::wstring, Account> m_known;
 };

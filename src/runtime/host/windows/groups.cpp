@@ -11,23 +11,31 @@ namespace {
 using Names = std::vector<std::wstring>;
 using Accounts = std::vector<Account>;
 
+/// Nothing where a name is missing.
 template <class Item>
-Names namesOf(const windows::NetItems<Item>& list, DWORD count, wchar_t* Item::*name) {
+std::optional<Names> namesOf(const windows::NetItems<Item>& list, DWORD count, wchar_t* Item::*name) {
+    const auto items = list.whole(count, name);
+    if (!items) return std::nullopt;
     Names names;
-    for (const Item& item : list.items(count))
+    for (const Item& item : *items)
         names.emplace_back(item.*name);
     return names;
 }
 
 /// The account's name as its own server takes it: an account from elsewhere needs its domain.
 std::wstring nameAt(const windows::GroupAccounts& groups, const Account& user) {
-    const bool own = user.domain.empty() || windows::equalIgnoringCase(user.domain, groups.domain().name);
-    return own ? user.name : user.domain + L'\\' + user.name;
+    const AccountDomain& own = groups.domain();
+    const bool hasOwnName = user.domain.empty() || windows::equalIgnoringCase(user.domain, own.name);
+    if (!hasOwnName) return user.domain + L'\\' + user.name;
+    if (user.domain.empty() || user.sid.empty() || own.sid.empty() || own.has(user.sid)) return user.name;
+    // This computer's domain has the computer's name: only its other name tells them apart.
+    const std::wstring dnsName = membership().value.dnsDomainName;
+    return (dnsName.empty() ? user.domain : dnsName) + L'\\' + user.name;
 }
 
 /// An account that has vanished is "not there".
 Answer<Accounts> without(DWORD code) {
-    const bool missing = code == NERR_UserNotFound || code == ERROR_NO_SUCH_USER || code == ERROR_NONE_MAPPED;
+    const bool missing = code == NERR_UserNotFound || code == ERROR_NO_SUCH_USER;
     return missing ? Answer<Accounts>::missing() : windows::unanswered<Accounts>(code);
 }
 
@@ -38,8 +46,9 @@ DWORD localGroupNames(const std::wstring& server, const std::wstring& user, DWOR
         windows::netApi().userGetLocalGroups.code(windows::ServerName(server).get(), user.c_str(), 0, flags,
                                                   list.receive(), MAX_PREFERRED_LENGTH, &count, &total);
     if (code != ERROR_SUCCESS) return code;
-    if (!list.areWhole(count, &LOCALGROUP_USERS_INFO_0::lgrui0_name)) return ERROR_INVALID_DATA;
-    names = namesOf(list, count, &LOCALGROUP_USERS_INFO_0::lgrui0_name);
+    auto found = namesOf(list, count, &LOCALGROUP_USERS_INFO_0::lgrui0_name);
+    if (!found) return ERROR_INVALID_DATA;
+    names = std::move(*found);
     return ERROR_SUCCESS;
 }
 
@@ -53,11 +62,10 @@ Answer<AccountPage> localGroups(const AccountSource& source, std::uint64_t curso
         windows::netApi().localGroupEnum.code(windows::ServerName(source.server).get(), 0, list.receive(),
                                               MAX_PREFERRED_LENGTH, &count, &total, &resume);
     if (code != ERROR_SUCCESS && code != ERROR_MORE_DATA) return windows::unanswered<AccountPage>(code);
-    if (!list.areWhole(count, &LOCALGROUP_INFO_0::lgrpi0_name))
-        return windows::unanswered<AccountPage>(ERROR_INVALID_DATA);
+    const auto names = namesOf(list, count, &LOCALGROUP_INFO_0::lgrpi0_name);
+    if (!names) return windows::unanswered<AccountPage>(ERROR_INVALID_DATA);
     AccountPage page;
-    page.items =
-        windows::groupAccounts(source.server).of(namesOf(list, count, &LOCALGROUP_INFO_0::lgrpi0_name));
+    page.items = windows::groupAccounts(source.server).of(*names);
     page.next = resume;
     page.nextIsHandle = true;
     page.more = code == ERROR_MORE_DATA;
@@ -82,8 +90,8 @@ Answer<Accounts> globalGroupsOf(const AccountSource& source, const Account& user
         windows::netApi().userGetGroups.code(windows::ServerName(source.server).get(), user.name.c_str(), 0,
                                              list.receive(), MAX_PREFERRED_LENGTH, &count, &total);
     if (code != ERROR_SUCCESS) return without(code);
-    if (!list.areWhole(count, &GROUP_USERS_INFO_0::grui0_name)) return without(ERROR_INVALID_DATA);
-    return windows::groupAccounts(source.server).of(namesOf(list, count, &GROUP_USERS_INFO_0::grui0_name));
+    const auto names = namesOf(list, count, &GROUP_USERS_INFO_0::grui0_name);
+    return names ? windows::groupAccounts(source.server).of(*names) : without(ERROR_INVALID_DATA);
 }
 
 }  // namespace host

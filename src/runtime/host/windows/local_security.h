@@ -9,13 +9,6 @@
 
 namespace host::windows {
 
-/// The domain of the accounts that a machine keeps by itself: its own, or, of a domain controller, its
-/// domain.
-struct AccountDomain {
-    std::wstring name;
-    Sid sid;
-};
-
 /// The account domain of `server`. Windows: LsaQueryInformationPolicy here, NetUserModalsGet at a server.
 Answer<AccountDomain> accountDomain(const std::wstring& server);
 

@@ -25,7 +25,7 @@ Answer<AccountPage> without(DWORD code) {
 }  // namespace
 
 Answer<AccountPage> globalGroups(const AccountSource& source, std::uint64_t cursor) {
-    const Answer<windows::AccountDomain> domain = windows::domainOfList(source.server, cursor);
+    const Answer<AccountDomain> domain = windows::domainOfList(source.server, cursor);
     if (!domain.found()) return Answer<AccountPage>::without(domain);
 
     constexpr DWORD groupLevel = 3;
@@ -35,11 +35,12 @@ Answer<AccountPage> globalGroups(const AccountSource& source, std::uint64_t curs
         windows::ServerName(source.server).get(), groupLevel, static_cast<DWORD>(cursor), groupsOfPage,
         MAX_PREFERRED_LENGTH, &count, list.receive());
     if (!isPage(code)) return windows::unanswered<AccountPage>(code);
-    if (!list.areWhole(count, &NET_DISPLAY_GROUP::grpi3_name)) return without(ERROR_INVALID_DATA);
+    const auto groups = list.whole(count, &NET_DISPLAY_GROUP::grpi3_name);
+    if (!groups) return without(ERROR_INVALID_DATA);
     AccountPage page;
     page.next = cursor;
     page.more = code == ERROR_MORE_DATA;
-    for (const NET_DISPLAY_GROUP& group : list.items(count)) {
+    for (const NET_DISPLAY_GROUP& group : *groups) {
         page.next = group.grpi3_next_index;
         page.items.push_back({domain.value.name, group.grpi3_name,
                               windows::accountIn(domain.value.sid, group.grpi3_group_id)});
@@ -57,9 +58,10 @@ Answer<AccountPage> localGroupMembers(const AccountSource& source, const Account
         windows::ServerName(source.server).get(), group.name.c_str(), 0, list.receive(), MAX_PREFERRED_LENGTH,
         &count, &total, &resume);
     if (!isPage(code)) return without(code);
-    if (!list.areWhole(count, &LOCALGROUP_MEMBERS_INFO_0::lgrmi0_sid)) return without(ERROR_INVALID_DATA);
+    const auto members = list.whole(count, &LOCALGROUP_MEMBERS_INFO_0::lgrmi0_sid);
+    if (!members) return without(ERROR_INVALID_DATA);
     AccountPage page;
-    for (const LOCALGROUP_MEMBERS_INFO_0& member : list.items(count))
+    for (const LOCALGROUP_MEMBERS_INFO_0& member : *members)
         page.items.push_back({{}, {}, windows::sidFrom(member.lgrmi0_sid)});
     page.next = resume;
     page.nextIsHandle = true;
@@ -76,9 +78,10 @@ Answer<AccountPage> globalGroupMembers(const AccountSource& source, const Accoun
         windows::netApi().groupGetUsers.code(windows::ServerName(source.server).get(), group.name.c_str(), 0,
                                              list.receive(), MAX_PREFERRED_LENGTH, &count, &total, &resume);
     if (!isPage(code)) return without(code);
-    if (!list.areWhole(count, &GROUP_USERS_INFO_0::grui0_name)) return without(ERROR_INVALID_DATA);
+    const auto members = list.whole(count, &GROUP_USERS_INFO_0::grui0_name);
+    if (!members) return without(ERROR_INVALID_DATA);
     AccountPage page;
-    for (const GROUP_USERS_INFO_0& member : list.items(count))
+    for (const GROUP_USERS_INFO_0& member : *members)
         page.items.push_back({group.domain, member.grui0_name, {}});
     page.next = resume;
     page.nextIsHandle = true;

@@ -12,6 +12,7 @@
 #include <lm.h>
 
 #include <algorithm>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -59,21 +60,18 @@ public:
     BYTE** receive() noexcept { return m_memory.receive(); }
     /// Null where nothing was left.
     const Item* first() const noexcept { return reinterpret_cast<const Item*>(m_memory.get()); }
-    /// The `told` items, but no more than there is memory for.
-    std::span<const Item> items(DWORD told) const noexcept {
-        if (first() == nullptr) return {};
-        DWORD bytes = 0;
-        const bool known = netApi().bufferSize.code(m_memory.get(), &bytes) == ERROR_SUCCESS;
-        const std::size_t room = known ? bytes / sizeof(Item) : told;
-        return {first(), std::min<std::size_t>(told, room)};
-    }
-    /// Whether all `told` items are there, each with what `member` refers to. A part of them is not to be
-    /// taken for the whole.
+    /// The `told` items; nothing where they are not all there, each with what `member` refers to: a part of them
+    /// is not to be taken for the whole.
     template <class Pointer>
-    bool areWhole(DWORD told, Pointer Item::*member) const noexcept {
-        const std::span<const Item> found = items(told);
-        return found.size() == told && std::all_of(found.begin(), found.end(),
-                                                   [&](const Item& item) { return item.*member != nullptr; });
+    std::optional<std::span<const Item>> whole(DWORD told, Pointer Item::*member) const {
+        if (told == 0) return std::span<const Item>();
+        DWORD bytes = 0;
+        const bool known = netApi().bufferSize.code(m_memory.get(), &bytes) == ERROR_SUCCESS && bytes != 0;
+        if (first() == nullptr || (known && bytes / sizeof(Item) < told)) return std::nullopt;
+        const std::span<const Item> items(first(), told);
+        const bool areWhole = std::all_of(items.begin(), items.end(),
+                                          [&](const Item& item) { return item.*member != nullptr; });
+        return areWhole ? std::optional(items) : std::nullopt;
     }
 
 private:

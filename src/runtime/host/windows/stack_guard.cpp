@@ -2,7 +2,7 @@
 /// provider for the value: that loads a dozen libraries before the program can say where they must come from,
 /// and takes longer than all the rest of the start.
 
-#ifdef __MINGW32__
+#if defined(__MINGW32__) && defined(__x86_64__)
 
 #include <bit>
 #include <cstdint>

@@ -75,6 +75,14 @@ std::wstring codePageName(const std::wstring& full) {
     return windows::trimmed(full.substr(open + 1, close - open - 1));
 }
 
+/// Over all groups; where that is not told, those of this process's group.
+std::uint32_t processors() {
+    if (const DWORD count = GetActiveProcessorCount(ALL_PROCESSOR_GROUPS); count != 0) return count;
+    SYSTEM_INFO info{};
+    GetNativeSystemInfo(&info);
+    return info.dwNumberOfProcessors;
+}
+
 }  // namespace
 
 Answer<SystemFacts> system() {
@@ -95,7 +103,7 @@ Answer<SystemFacts> system() {
     facts.is32Bit = machine == IMAGE_FILE_MACHINE_I386;
     facts.architecture = architectureName(machine);
     facts.processorName = registryText(processorKey, L"ProcessorNameString");
-    facts.processors = GetActiveProcessorCount(ALL_PROCESSOR_GROUPS);
+    facts.processors = processors();
     facts.memoryBytes = memoryBytes();
     facts.startTime = windows::onTheWall(windows::utcBefore(GetTickCount64()));
     return facts;

@@ -18,17 +18,18 @@ bool belongsToMachine(const NET_DISPLAY_USER& user) {
 }
 
 /// Appends what the system lists from `index` on and moves `page` on; returns the system's code.
-DWORD readPart(const wchar_t* server, DWORD index, const windows::AccountDomain& domain, AccountPage& page) {
+DWORD readPart(const wchar_t* server, DWORD index, const AccountDomain& domain, AccountPage& page) {
     constexpr DWORD userLevel = 1;
     DWORD count = 0;
     windows::NetItems<NET_DISPLAY_USER> part;
     const DWORD code = windows::netApi().queryDisplayInformation.code(
         server, userLevel, index, usersOfPage, MAX_PREFERRED_LENGTH, &count, part.receive());
     if (code != ERROR_SUCCESS && code != ERROR_MORE_DATA) return code;
-    if (!part.areWhole(count, &NET_DISPLAY_USER::usri1_name)) return ERROR_INVALID_DATA;
+    const auto users = part.whole(count, &NET_DISPLAY_USER::usri1_name);
+    if (!users) return ERROR_INVALID_DATA;
     page.next = index;
     page.more = code == ERROR_MORE_DATA;
-    for (const NET_DISPLAY_USER& user : part.items(count)) {
+    for (const NET_DISPLAY_USER& user : *users) {
         page.next = user.usri1_next_index;
         if (belongsToMachine(user)) continue;
         page.items.push_back(
@@ -40,14 +41,14 @@ DWORD readPart(const wchar_t* server, DWORD index, const windows::AccountDomain&
 }  // namespace
 
 Answer<AccountPage> users(const AccountSource& source, std::uint64_t cursor) {
-    const Answer<windows::AccountDomain> domain = windows::domainOfList(source.server, cursor);
+    const Answer<AccountDomain> domain = windows::domainOfList(source.server, cursor);
     if (!domain.found()) return Answer<AccountPage>::without(domain);
 
     AccountPage page;
     page.next = cursor;
     // A part may hold nothing but machines; a page without users would look like a list that makes no
-    // progress. More machines than that there are nowhere.
-    constexpr int mostPartsOfMachines = 100'000;
+    // progress. No server has so many machines in a row.
+    constexpr int mostPartsOfMachines = 1000;
     for (int part = 1;; ++part) {
         const auto index = static_cast<DWORD>(page.next);
         const DWORD code = readPart(windows::ServerName(source.server).get(), index, domain.value, page);
