@@ -35,7 +35,9 @@ remove_old() {
 }
 
 import() {
-    "$top/tools/wine.sh" patiently "$prefix" reg import "$1" </dev/null >/dev/null 2>&1 9>&-
+    "$top/tools/wine.sh" patiently "$prefix" reg import "$1" </dev/null >/dev/null 2>&1 9>&- && return
+    echo "windows-sample.sh: cannot import $1 into $prefix" >&2
+    return 1
 }
 
 remove_keys() {

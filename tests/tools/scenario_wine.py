@@ -22,6 +22,7 @@ from wine_wording import as_windows_words_it
 PRODUCT_KEY = r"HKEY_LOCAL_MACHINE\SOFTWARE\Norvel"
 SAMPLE = "[machine]\nbase = sample\n"
 EXPORT_HEAD = "Windows Registry Editor Version 5.00"
+LOADER_FAILED = b"failed to map the shared user data"
 
 
 def staging_of(scenario: Scenario) -> Staging:
@@ -293,7 +294,17 @@ def run_one(scenario: Scenario, program_dir: Path, prefix: Prefix) -> Outcome | 
 
 
 def run_staged(scenario: Scenario, program_dir: Path, prefix: Prefix) -> Outcome:
-    """Runs the program over what is staged, with the stand-in libraries and as the user that the scenario has."""
+    """Runs the program over what is staged, with the stand-in libraries and as the user that the scenario has.
+
+    A start that Wine's own loader could not make did not start the program: it is made again.
+    """
+    outcome = run_staged_once(scenario, program_dir, prefix)
+    if LOADER_FAILED in outcome.stderr:
+        outcome = run_staged_once(scenario, program_dir, prefix)
+    return outcome
+
+
+def run_staged_once(scenario: Scenario, program_dir: Path, prefix: Prefix) -> Outcome:
     program = (program_dir / f"{scenario.program}.exe").resolve()
     # Where there may be no other drive.
     place = prefix.scratch() if "volumes" in scenario.stages else None

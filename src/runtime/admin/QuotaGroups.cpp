@@ -37,15 +37,16 @@ host::Answer<MembershipTable> QuotaGroups::readTable(const ListedAccounts& accou
         const auto isMatchedOfDomain = [&isMatched](const host::Account& group) {
             return !isBuiltIn(group) && isMatched(group);
         };
-        std::vector<GroupSet> sets{localGroupsAt({}), globalGroupsAt(source)};
-        sets[0].isWanted = isMatched;
-        sets[1].isWanted = isMatchedOfDomain;
-        sets[1].onlyDirect = true;
+        std::vector<GroupSet> sets{localGroupsAt({})};
+        sets.back().isWanted = isMatched;
         // On a controller the groups of this computer are those of the domain.
         if (!source.server.empty()) {
             sets.push_back(localGroupsAt(source));
             sets.back().isWanted = isMatchedOfDomain;
         }
+        sets.push_back(globalGroupsAt(source));
+        sets.back().isWanted = isMatchedOfDomain;
+        sets.back().onlyDirect = true;
         return MembershipTable::read(sets, host::nesting(), accounts);
     });
 }

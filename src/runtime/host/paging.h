@@ -10,8 +10,7 @@
 
 namespace host {
 
-/// More than any list has (the largest domains have a million accounts): one that goes on is made up by a broken
-/// server.
+/// Four times what the program is made for: a list that goes on is taken for one that a broken server makes up.
 inline constexpr std::uint64_t mostItems = 1U << 22U;
 
 /// Notices a list that goes nowhere: pages that come again, at once or round in a circle.

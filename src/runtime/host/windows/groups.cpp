@@ -28,12 +28,14 @@ std::wstring nameAt(const windows::GroupAccounts& groups, const Account& user) {
     const bool hasOwnName = user.domain.empty() || windows::equalIgnoringCase(user.domain, own.name);
     if (!hasOwnName) return user.domain + L'\\' + user.name;
     if (user.domain.empty() || user.sid.empty() || own.sid.empty() || own.has(user.sid)) return user.name;
-    // This computer's domain has the computer's name: only its other name tells them apart.
-    const std::wstring dnsName = membership().value.dnsDomainName;
-    return (dnsName.empty() ? user.domain : dnsName) + L'\\' + user.name;
+    // Where this computer's domain has the computer's name, only its other name tells them apart.
+    const Membership member = membership().value;
+    if (!member.joined || !windows::equalIgnoringCase(member.domainName, own.name)) return user.name;
+    return (member.dnsDomainName.empty() ? user.domain : member.dnsDomainName) + L'\\' + user.name;
 }
 
-/// An account that has vanished is "not there".
+/// An account that has vanished is "not there". A name that could not be mapped need not have vanished: its domain
+/// may be out of reach.
 Answer<Accounts> without(DWORD code) {
     const bool missing = code == NERR_UserNotFound || code == ERROR_NO_SUCH_USER;
     return missing ? Answer<Accounts>::missing() : windows::unanswered<Accounts>(code);
