@@ -6,6 +6,7 @@
 #include "runtime/util/QVDomainController.h"
 #include "runtime/util/QVUser.h"
 #include "tests/runtime/admin/described_machine.h"
+#include "tests/runtime/util/account_names.h"
 #include "tests/runtime/util/random_directory.h"
 
 namespace {
@@ -30,15 +31,7 @@ protected:
     }
 
     /// The names of a user's groups; "failed" when they cannot be listed.
-    static Names groupsOf(QVUser& user) {
-        QVArray<QVGroup*, QVGroup*> groups;
-        Names names;
-        if (!user.mf_getDomainLocalGroupList(groups)) return {L"failed"};
-        for (int i = 0; i < groups.GetSize(); ++i)
-            names.push_back(groups[i]->fullName().units());
-        deleteElements(groups);
-        return names;
-    }
+    static Names groupsOf(QVUser& user) { return domainLocalGroupsOf(user); }
 
     /// The same, as the controller answers it.
     static Names askedAlone(const QVUser& user) {

@@ -5,6 +5,7 @@
 #include "made_up.h"
 #include "runtime/util/QVDomainController.h"
 #include "runtime/util/QVUser.h"
+#include "tests/runtime/util/account_names.h"
 
 namespace {
 
@@ -44,15 +45,7 @@ protected:
         ASSERT_EQ(QVUser::mf_getDomainUserList(m_users), 1);
     }
 
-    static Names groupsOf(QVUser& user) {
-        QVArray<QVGroup*, QVGroup*> groups;
-        Names names;
-        if (!user.mf_getDomainLocalGroupList(groups)) return {L"failed"};
-        for (int i = 0; i < groups.GetSize(); ++i)
-            names.push_back(groups[i]->fullName().units());
-        deleteElements(groups);
-        return names;
-    }
+    static Names groupsOf(QVUser& user) { return domainLocalGroupsOf(user); }
 
     QVArray<QVUser*, QVUser*> m_users;
 };

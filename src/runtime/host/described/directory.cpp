@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "runtime/host/described/directory_keys.h"
 #include "runtime/host/described/fold.h"
 #include "runtime/host/described/known_sids.h"
 #include "runtime/host/described/scanner.h"
@@ -19,11 +20,6 @@ constexpr std::uint32_t roomForRids = 999;
 constexpr std::uint32_t firstGeneratedRid = 10000001;
 
 const std::wstring builtinDomain = L"BUILTIN";
-const std::wstring allUsers = L"*";
-
-std::wstring fullKey(std::wstring_view domain, std::wstring_view name) {
-    return folded(domain) + L"\\" + folded(name);
-}
 
 std::uint32_t ridOf(std::size_t index, std::uint32_t first, std::uint32_t further) {
     return static_cast<std::uint32_t>(index < roomForRids ? first + index : further + index);
@@ -42,14 +38,6 @@ std::uint64_t generatedNumber(const GeneratedUsers& users, std::wstring_view key
     const auto number = numberOf(key.substr(users.prefix.size(), key.size() - around), users.count);
     if (!number || *number == 0 || folded(generatedName(users, *number)) != key) return 0;
     return *number;
-}
-
-std::size_t indexOf(Scope scope) {
-    return scope == Scope::computer ? 0 : 1;
-}
-
-Scope scopeOf(GroupKind kind) {
-    return kind == GroupKind::local ? Scope::computer : Scope::domain;
 }
 
 }  // namespace
@@ -169,7 +157,7 @@ void Directory::addMembers(std::size_t group, Mistakes& mistakes) {
     for (const MemberName& member : m_groups[group].entry->members) {
         if (member.text == allUsers) {
             m_holdersOfAll[indexOf(scopeOf(kind))].push_back(group);
-            m_groups[group].memberKeys.push_back(allUsers);
+            m_groups[group].memberKeys.emplace_back(allUsers);
             continue;
         }
         std::wstring key = memberKey(member, kind, mistakes);
@@ -225,91 +213,6 @@ std::optional<std::wstring> Directory::unqualifiedKey(std::wstring_view name, Gr
     if (m_groupOfKey.contains(builtin)) return builtin;
     if (const auto world = worldAccount(name)) return fullKey(world->domain, world->name);
     return std::nullopt;
-}
-
-// --- Members --------------------------------------------------------------------------------------------------------
-
-/// What a member's key stands for: an account of the description, an orphaned SID, or an account from
-/// elsewhere, known by its name.
-host::Account Directory::memberOfKey(const std::wstring& key) const {
-    if (const auto account = accountOfKey(key)) return *account;
-    if (const auto sid = sidOf(key)) return {{}, {}, *sid};
-    const std::size_t separator = key.find(L'\\');
-    host::Account account{key.substr(0, separator), key.substr(separator + 1), {}};
-    const auto world = account.domain.empty() ? worldAccount(account.name) : worldAccount(key);
-    return world.value_or(account);
-}
-
-std::optional<std::vector<host::Account>> Directory::members(GroupKind kind, const host::Account& group,
-                                                             std::uint64_t first, std::uint64_t end,
-                                                             std::uint64_t& count) const {
-    const auto isAsked = [&](std::size_t position) {
-        const host::Account& account = m_groups[position].account;
-        return equalFolded(account.domain, group.domain) && equalFolded(account.name, group.name);
-    };
-    const auto& known = positions(kind);
-    const auto found = std::find_if(known.begin(), known.end(), isAsked);
-    if (found == known.end()) return std::nullopt;
-
-    std::vector<host::Account> result;
-    count = 0;
-    for (const std::wstring& key : m_groups[*found].memberKeys) {
-        const bool isAll = key == allUsers;
-        const std::uint64_t next = count + (isAll ? userCount(scopeOf(kind)) : 1);
-        for (std::uint64_t place = std::max(first, count); place < std::min(end, next); ++place) {
-            result.push_back(isAll ? user(scopeOf(kind), place - count) : memberOfKey(key));
-        }
-        count = next;
-    }
-    return result;
-}
-
-// --- Membership --------------------------------------------------------------------------------------------
-
-std::optional<host::Account> Directory::identify(const host::Account& account) const {
-    // A domain may have the name of the computer: the SID tells whose account it is.
-    if (!account.sid.empty()) {
-        if (auto known = accountOfSid(account.sid)) return known;
-    }
-    if (account.name.empty()) return std::nullopt;
-    for (const Scope scope : {Scope::computer, Scope::domain}) {
-        if (!equalFolded(account.domain, label(scope))) continue;
-        if (auto known = userNamed(scope, account.name)) return known;
-    }
-    return std::nullopt;
-}
-
-std::optional<std::vector<host::Account>> Directory::groupsOf(const host::Account& account, GroupKind kind,
-                                                              Reach through) const {
-    const auto known = identify(account);
-    if (!known) return std::nullopt;
-    std::vector<bool> reached(m_groups.size());
-    std::vector<std::size_t> open;
-    const auto reach = [&](const std::vector<std::size_t>& groups) {
-        for (const std::size_t group : groups) {
-            if (!reached[group]) open.push_back(group);
-            reached[group] = true;
-        }
-    };
-    const auto reachHolders = [&](const std::wstring& key) {
-        const auto found = m_holders.find(key);
-        if (found != m_holders.end()) reach(found->second);
-    };
-    const bool isOfComputer = equalFolded(known->domain, keyDomain(Scope::computer)) && !isOfNamesake(*known);
-    reach(m_holdersOfAll[indexOf(isOfComputer ? Scope::computer : Scope::domain)]);
-    reachHolders(keyOf(*known));
-    if (!known->sid.empty()) reachHolders(folded(sidText(known->sid)));
-    const std::size_t direct = through == Reach::direct ? 0 : open.size();
-    for (std::size_t next = 0; next < (through == Reach::throughAllGroups ? open.size() : direct); ++next) {
-        const Group& holder = m_groups[open[next]];
-        if (through == Reach::throughGlobalGroups && holder.kind != GroupKind::global) continue;
-        reachHolders(keyOf(holder.account));
-    }
-    std::vector<host::Account> groups;
-    for (const std::size_t position : positions(kind)) {
-        if (reached[position]) groups.push_back(m_groups[position].account);
-    }
-    return groups;
 }
 
 // --- Look-ups ----------------------------------------------------------------------------------------------
