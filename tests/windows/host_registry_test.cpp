@@ -7,6 +7,7 @@
 
 #include "runtime/host/host.h"
 #include "runtime/host/os.h"
+#include "tests/runtime/base/staged_registry.h"
 
 namespace {
 
@@ -15,25 +16,12 @@ using host::registryValue;
 using host::RegistryValue;
 using host::Status;
 
-constexpr const wchar_t* keyPath = L"SOFTWARE\\KvxTestRegistry";
-
-class HostRegistry : public testing::Test {
+class HostRegistry : public StagedRegistry {
 protected:
-    void SetUp() override {
-        const LSTATUS code = RegCreateKeyExW(HKEY_LOCAL_MACHINE, keyPath, 0, nullptr, 0,
-                                             KEY_ALL_ACCESS | KEY_WOW64_64KEY, nullptr, &m_key, nullptr);
-        ASSERT_EQ(code, ERROR_SUCCESS);
+    void stage(const std::string& name, DWORD type, const std::vector<BYTE>& bytes) {
+        StagedRegistry::stage(name, type, bytes.data(), bytes.size());
     }
-    void TearDown() override {
-        RegCloseKey(m_key);
-        RegDeleteKeyExW(HKEY_LOCAL_MACHINE, keyPath, KEY_WOW64_64KEY, 0);
-    }
-
-    void stage(const wchar_t* name, DWORD type, const std::vector<BYTE>& bytes) {
-        const auto size = static_cast<DWORD>(bytes.size());
-        ASSERT_EQ(RegSetValueExW(m_key, name, 0, type, bytes.data(), size), ERROR_SUCCESS);
-    }
-    void stageText(const wchar_t* name, DWORD type, const std::wstring& text) {
+    void stageText(const std::string& name, DWORD type, const std::wstring& text) {
         const auto* bytes = reinterpret_cast<const BYTE*>(text.c_str());
         stage(name, type, std::vector<BYTE>(bytes, bytes + (text.size() + 1) * sizeof(wchar_t)));
     }
@@ -45,13 +33,11 @@ protected:
         return answer.value.kind == RegistryValue::Kind::text ? answer.value.text
                                                               : L"<" + answer.value.typeName + L">";
     }
-
-    HKEY m_key = nullptr;
 };
 
 TEST_F(HostRegistry, AKeyIsThereOrNot) {
     EXPECT_EQ(registryKey(keyPath).status, Status::found);
-    EXPECT_EQ(registryKey(L"SOFTWARE\\KvxTestRegistry\\Below").status, Status::missing);
+    EXPECT_EQ(registryKey(L"SOFTWARE\\KvxTest\\Below").status, Status::missing);
     EXPECT_EQ(registryKey(L"SOFTWARE\\KvxTestNoSuchKey").status, Status::missing);
 }
 
@@ -61,19 +47,19 @@ TEST_F(HostRegistry, AMissingValueIsMissingWhetherItsKeyIsThereOrNot) {
 }
 
 TEST_F(HostRegistry, ReadsTextOfAnyLength) {
-    stageText(L"Short", REG_SZ, L"6.1.5.2");
-    stageText(L"Long", REG_SZ, std::wstring(5000, L'\u00e9'));
-    stageText(L"Empty", REG_SZ, L"");
+    stageText("Short", REG_SZ, L"6.1.5.2");
+    stageText("Long", REG_SZ, std::wstring(5000, L'\u00e9'));
+    stageText("Empty", REG_SZ, L"");
     EXPECT_EQ(textOf(L"Short"), L"6.1.5.2");
     EXPECT_EQ(textOf(L"Long"), std::wstring(5000, L'\u00e9'));
     EXPECT_EQ(textOf(L"Empty"), L"");
 }
 
 TEST_F(HostRegistry, ReadsTextThatWasStoredBadly) {
-    stage(L"NoTerminator", REG_SZ, {'a', 0, 'b', 0});
-    stage(L"OddSize", REG_SZ, {'a', 0, 'b', 0, 'c'});
-    stage(L"EmbeddedNul", REG_SZ, {'a', 0, 0, 0, 'b', 0, 0, 0});
-    stage(L"NoBytes", REG_SZ, {});
+    stage("NoTerminator", REG_SZ, {'a', 0, 'b', 0});
+    stage("OddSize", REG_SZ, {'a', 0, 'b', 0, 'c'});
+    stage("EmbeddedNul", REG_SZ, {'a', 0, 0, 0, 'b', 0, 0, 0});
+    stage("NoBytes", REG_SZ, {});
     EXPECT_EQ(textOf(L"NoTerminator"), L"ab");
     EXPECT_EQ(textOf(L"OddSize"), L"ab");
     EXPECT_EQ(textOf(L"EmbeddedNul"), L"a");
@@ -82,32 +68,32 @@ TEST_F(HostRegistry, ReadsTextThatWasStoredBadly) {
 
 TEST_F(HostRegistry, ExpandsVariables) {
     SetEnvironmentVariableW(L"KVX_TEST_FOLDER", L"C:\\Program Files");
-    stageText(L"Path", REG_EXPAND_SZ, L"%KVX_TEST_FOLDER%\\client");
-    stageText(L"Unknown", REG_EXPAND_SZ, L"%KVX_TEST_NOTHING%\\client");
-    stageText(L"Plain", REG_SZ, L"%KVX_TEST_FOLDER%\\client");
+    stageText("Path", REG_EXPAND_SZ, L"%KVX_TEST_FOLDER%\\client");
+    stageText("Unknown", REG_EXPAND_SZ, L"%KVX_TEST_NOTHING%\\client");
+    stageText("Plain", REG_SZ, L"%KVX_TEST_FOLDER%\\client");
     EXPECT_EQ(textOf(L"Path"), L"C:\\Program Files\\client");
     EXPECT_EQ(textOf(L"Unknown"), L"%KVX_TEST_NOTHING%\\client");
     EXPECT_EQ(textOf(L"Plain"), L"%KVX_TEST_FOLDER%\\client");
 }
 
 TEST_F(HostRegistry, ReadsNumbersOfFourBytesOnly) {
-    stage(L"Number", REG_DWORD, {0x78, 0x56, 0x34, 0x92});
+    stage("Number", REG_DWORD, {0x78, 0x56, 0x34, 0x92});
     const host::Answer<RegistryValue> answer = registryValue(keyPath, L"Number");
     ASSERT_TRUE(answer.found());
     EXPECT_EQ(answer.value.kind, RegistryValue::Kind::number);
     EXPECT_EQ(answer.value.number, 0x92345678U);
 
-    stage(L"TwoBytes", REG_DWORD, {1, 0});
-    stage(L"OneByte", REG_DWORD, {1});
+    stage("TwoBytes", REG_DWORD, {1, 0});
+    stage("OneByte", REG_DWORD, {1});
     EXPECT_EQ(textOf(L"TwoBytes"), L"<REG_DWORD of 2 bytes>");
     EXPECT_EQ(textOf(L"OneByte"), L"<REG_DWORD of 1 byte>");
 }
 
 TEST_F(HostRegistry, NamesOtherTypes) {
-    stage(L"Binary", REG_BINARY, {1, 2, 3});
-    stage(L"List", REG_MULTI_SZ, {'a', 0, 0, 0, 0, 0});
-    stage(L"Long", REG_QWORD, {1, 0, 0, 0, 0, 0, 0, 0});
-    stage(L"Strange", 77, {1});
+    stage("Binary", REG_BINARY, {1, 2, 3});
+    stage("List", REG_MULTI_SZ, {'a', 0, 0, 0, 0, 0});
+    stage("Long", REG_QWORD, {1, 0, 0, 0, 0, 0, 0, 0});
+    stage("Strange", 77, {1});
     EXPECT_EQ(textOf(L"Binary"), L"<REG_BINARY>");
     EXPECT_EQ(textOf(L"List"), L"<REG_MULTI_SZ>");
     EXPECT_EQ(textOf(L"Long"), L"<REG_QWORD>");

@@ -36,12 +36,9 @@ bool areSame(Accounts left, Accounts right) {
     const auto before = [](const host::Account& one, const host::Account& other) {
         return std::tie(one.domain, one.name, one.sid) < std::tie(other.domain, other.name, other.sid);
     };
-    const auto equal = [](const host::Account& one, const host::Account& other) {
-        return std::tie(one.domain, one.name, one.sid) == std::tie(other.domain, other.name, other.sid);
-    };
     std::sort(left.begin(), left.end(), before);
     std::sort(right.begin(), right.end(), before);
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(), equal);
+    return left == right;
 }
 
 }  // namespace

@@ -39,7 +39,7 @@ protected:
         stage(name, REG_BINARY, &byte, 1);
     }
 
-private:
+    /// Raw data of any type.
     void stage(const std::string& name, DWORD type, const void* bytes, std::size_t size) {
         const std::wstring units(name.begin(), name.end());
         ASSERT_EQ(RegSetValueExW(m_key, units.c_str(), 0, type, static_cast<const BYTE*>(bytes),
@@ -47,6 +47,7 @@ private:
                   ERROR_SUCCESS);
     }
 
+private:
     HKEY m_key = nullptr;
 #else
     StagedRegistry() {

@@ -28,8 +28,7 @@ Answer<Account> accountHere(const std::wstring& name) {
 }  // namespace
 
 Answer<AccountDomain> accountDomain() {
-    const Answer<AccountDomain>& domain = windows::groupAccounts({}).askDomain();
-    return domain;
+    return windows::groupAccounts({}).askDomain();
 }
 
 Answer<Account> accountOfSid(const Sid& sid) {
