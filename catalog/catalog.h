@@ -5,7 +5,7 @@
 #include <cstddef>
 
 #include "catalog/inserts.h"
-#include "runtime/base/conversion.h"
+#include "catalog/conversion.h"
 
 namespace catalog {
 
@@ -20,7 +20,7 @@ struct Catalog {
     std::size_t count;
 };
 
-/// The catalog that this program was linked with. A program has one of `english.cpp` and `empty.cpp`.
+/// The catalog that this program was linked with. A program has that of one folder: `english/` or `empty/`.
 const Catalog& linked();
 
 /// The text of `id` in the linked catalog; null when it has none.

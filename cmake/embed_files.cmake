@@ -14,7 +14,7 @@ foreach(file IN LISTS files)
   math(EXPR index "${index} + 1")
 endforeach()
 file(WRITE ${OUTPUT} "// Made by the build from the files of one folder.
-#include \"runtime/host/described/embedded.h\"
+#include \"runtime/host/description/embedded.h\"
 namespace {
 ${arrays}}  // namespace
 namespace embedded {

@@ -1,8 +1,8 @@
 #include "main/dispatcher.h"
 
 #include "checker/QVInstallationChecker.h"
-#include "main/front.h"
 #include "main/report_register.h"
+#include "main/usage.h"
 #include "runtime/base/QVString.h"
 #include "runtime/util/QVTerminalPrinter.h"
 

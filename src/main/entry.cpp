@@ -4,6 +4,7 @@
 #include "checker/within_latin1.h"
 #include "checker/write_log.h"
 #include "main/front.h"
+#include "main/usage.h"
 #include "runtime/base/QVErrno.h"
 #include "runtime/base/QVString.h"
 #include "runtime/cluster/QVClusterMain.h"

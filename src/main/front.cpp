@@ -3,6 +3,7 @@
 #include "checker/QVInstallationChecker.h"
 #include "checker/report_file.h"
 #include "main/dispatcher.h"
+#include "main/usage.h"
 #include "runtime/base/QVString.h"
 #include "runtime/util/QVCmdline.h"
 #include "runtime/util/QVTerminalPrinter.h"
@@ -20,11 +21,6 @@ bool takeOption(QVCmdline& cmdline, const CString& lowerCase, const CString& upp
 }
 
 }  // namespace
-
-void mf_implPrintUsage(unsigned int* usageShown) {
-    *usageShown = 1;
-    QVTerminalPrinter::mf_print(QVString(3348, CString(logFileName)));
-}
 
 void mf_run(QVInstallationChecker& checker, int argc, wchar_t* argv[], unsigned int* usageShown) {
     QVCmdline cmdline(argc, argv);

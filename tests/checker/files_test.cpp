@@ -3,8 +3,7 @@
 #include "checker/QVInstallationChecker.h"
 #include "checker/padded.h"
 #include "runtime/base/QVString.h"
-#include "runtime/base/operation.h"
-#include "tests/runtime/host/described/machine_fixture.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
 
@@ -24,15 +23,12 @@ struct Checked {
 
 class InstallationFiles : public DescribedMachine {
 protected:
-    ~InstallationFiles() override { operation::observed = true; }
-
     /// A machine whose HSM client is installed in C:\HSM, and more.
     static void describeInstallation(const std::string& more) {
         describe(
             "[registry]\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Norvel\\Orlix\\CurrentVersion\\HsmClient]\n"
             "\"Path\"=\"C:\\\\HSM\"\n[files]\nC:\\HSM\\kvxclc.exe\n" +
             more);
-        operation::observed = true;
     }
 
     static Checked check(const wchar_t* fileName, int problem = 0) {
@@ -52,7 +48,6 @@ protected:
 
 TEST_F(InstallationFiles, AnUnknownDirectoryIsNoProblemOfThisReport) {
     describe("");
-    operation::observed = true;
     QVInstallationChecker checker;
     int foundCount = 5;
     int missingCount = 5;

@@ -3,8 +3,7 @@
 
 #include "checker/QVInstallationChecker.h"
 #include "runtime/base/QVString.h"
-#include "runtime/base/operation.h"
-#include "tests/runtime/host/described/machine_fixture.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
 
@@ -28,11 +27,8 @@ struct Case {
 
 class LogLevel : public DescribedMachine {
 protected:
-    ~LogLevel() override { operation::observed = true; }
-
     static void describeLevel(const std::string& description) {
         describe("[registry]\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Made\\Up]\n" + description);
-        operation::observed = true;
     }
 
     static Shown show(int problemBefore) {

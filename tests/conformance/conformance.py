@@ -25,7 +25,7 @@ from wine_command import TROUBLE  # noqa: E402
 from wine_staging import Tools  # noqa: E402
 
 DIFFERENCES = HERE / "differences.txt"
-OPERATIONS = ROOT / "src" / "runtime" / "host" / "described" / "operation_names.cpp"
+OPERATIONS = ROOT / "src" / "runtime" / "host" / "description" / "operation_names.cpp"
 OPERATION_NAME = re.compile(r'\{L"([^"]+)"')
 TEMPORARY_FOLDER = re.compile(r"kvxinfo-scenario-\w+")
 GIVEN_FILES = {"given.txt": "given\n", "given quota.cfg": "default = 1\n"}

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "runtime/host/described/state.h"
+#include "runtime/host/description/state.h"
 #include "runtime/host/host.h"
 
 namespace {
@@ -37,7 +37,7 @@ void askEverything(const std::wstring& name) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string text(reinterpret_cast<const char*>(data), size);
-    const described::Mistakes mistakes = described::loadText(text);
+    const description::Mistakes mistakes = description::loadText(text);
     if (mistakes.any() == mistakes.report().empty()) __builtin_trap();
     askEverything(L"a");
     askEverything(L"..\\a/b");

@@ -27,7 +27,7 @@ FOLDERS = {
     "src/main/entry.cpp": ["start"],
     "src/main/front.cpp": ["start", "commandline", "save"],
     "src/main/report_register.cpp": ["locusers", "wincp", "cluster"],
-    "src/main/start.cpp": ["start"],
+    "src/program/start.cpp": ["start"],
 }
 
 # Methods of error records as well: they count as an operation only by their full name.
@@ -56,7 +56,7 @@ def register_faults(project):
 
 def failure_faults(project):
     """What can fail and is not seen to fail."""
-    names = OPERATION.findall((project / "src/runtime/host/described/operation_names.cpp").read_text())
+    names = OPERATION.findall((project / "src/runtime/host/description/operation_names.cpp").read_text())
     if not names:
         return ["no operation that can fail was found"]
     shown = failing_by_folder(project / "tests/scenarios")

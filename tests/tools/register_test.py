@@ -15,7 +15,7 @@ class Register(unittest.TestCase):
         self.project = pathlib.Path(self.folder.name)
         self.write("src/main/report_register.cpp", 'returns(L"one", inAll),\n    prints (L"two", inAll),\n')
         self.write("docs/reports.md", "# Reports\n\n## one\n\n## two\n\n## Other things\n")
-        self.write("src/runtime/host/described/operation_names.cpp", '{L"OpenW", true},\n{L"A::A"},\n{L"A::f"},\n'
+        self.write("src/runtime/host/description/operation_names.cpp", '{L"OpenW", true},\n{L"A::A"},\n{L"A::f"},\n'
                    '{L"A::both"},\n{L"B::both"},\n{L"B::mf_getValue"},\n')
         self.write("src/checker/one.cpp", "OpenW(); A a(1); a.f(); a.both(); error.mf_getValue();")
         self.write("src/main/report_register.cpp", 'returns(L"one", inAll),\n    prints (L"two", inAll),\n')
@@ -71,7 +71,7 @@ class Register(unittest.TestCase):
                                                 "src/checker/one.cpp: no scenario of one makes B::mf_getValue fail"])
 
     def test_no_operations(self):
-        self.write("src/runtime/host/described/operation_names.cpp", "")
+        self.write("src/runtime/host/description/operation_names.cpp", "")
         self.assertEqual(faults(self.project), ["no operation that can fail was found"])
 
 

@@ -12,7 +12,6 @@ CString QVQuota::text() const {
 }
 
 const CString QVQuota::mf_toString(int) const {
-    CString whole = text();
-    if (operation::answersZero(L"QVQuota::mf_toString", whole)) return {};
-    return whole;
+    if (operation::answersZero(L"QVQuota::mf_toString", [this] { return text(); })) return {};
+    return text();
 }

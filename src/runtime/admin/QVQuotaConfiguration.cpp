@@ -10,7 +10,7 @@
 #include "runtime/base/QVErrno.h"
 #include "runtime/base/operation.h"
 #include "runtime/host/host.h"
-#include "runtime/util/QVDomainController.h"
+#include "runtime/util/DomainSession.h"
 
 namespace {
 
@@ -97,7 +97,7 @@ bool findUserRule(const QuotaEntries& users, const host::Account& account, Rule&
 
 /// The account of a SID: as it was listed, else as the system knows it.
 host::Answer<host::Account> accountOf(const host::Sid& sid) {
-    const auto listed = QVDomainController::listedUsers();
+    const auto listed = DomainSession::listedUsers();
     const std::size_t index = listed ? listed->find(sid) : ListedAccounts::none;
     return index != ListedAccounts::none ? host::Answer(listed->at(index)) : host::accountOfSid(sid);
 }
@@ -141,7 +141,7 @@ void QVQuotaConfiguration::mf_deleteInstance() {
 
 QuotaType QVQuotaConfiguration::mf_getQuota(const SID* account, QVQuota*& quota, CString& explanation) {
     const host::Sid sid = copyOf(account);
-    if (operation::answersZero(L"QVQuotaConfiguration::mf_getQuota", toText(sid))) {
+    if (operation::answersZero(L"QVQuotaConfiguration::mf_getQuota", [&sid] { return toText(sid); })) {
         quota = &noQuota();
         return noRule;
     }

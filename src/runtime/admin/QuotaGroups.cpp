@@ -3,7 +3,7 @@
 #include "runtime/admin/group_membership.h"
 #include "runtime/base/QVErrno.h"
 #include "runtime/base/natural_cause.h"
-#include "runtime/util/QVDomainController.h"
+#include "runtime/util/DomainSession.h"
 
 bool QuotaGroups::Matches::operator==(const Matches& other) const {
     return entries == other.entries && undecided.empty() == other.undecided.empty();
@@ -30,7 +30,7 @@ QuotaGroups::Matches QuotaGroups::matchesIn(const MembershipTable& table, std::s
 }
 
 host::Answer<MembershipTable> QuotaGroups::readTable(const ListedAccounts& accounts) const {
-    return QVDomainController::ask([&](const host::AccountSource& source) {
+    return DomainSession::ask([&](const host::AccountSource& source) {
         const auto isMatched = [this](const host::Account& group) {
             return m_groups.lookUp(QVSid(group)) != QuotaEntries::none;
         };
@@ -77,7 +77,7 @@ std::set<int> QuotaGroups::entriesOf(const host::Account& account) {
     const bool ofDomain = isOfDomain(account);
     if (!ofDomain) return decided(matchesAlone(account, false));
 
-    m_memberships.follow(QVDomainController::listedUsers());
+    m_memberships.follow(DomainSession::listedUsers());
     const std::size_t index = m_memberships.find(account);
     if (index != ListedAccounts::none && m_memberships.table())
         return decided(matchesIn(*m_memberships.table(), index));

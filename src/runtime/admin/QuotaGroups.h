@@ -14,7 +14,7 @@ public:
     explicit QuotaGroups(const QuotaEntries& groups) : m_groups(groups) {}
 
     /// The indexes of the entries whose groups the account belongs to (`groupsOf`). Where it is one of
-    /// several that were listed (`QVDomainController::listedUsers`), the members of these groups are read
+    /// several that were listed (`DomainSession::listedUsers`), the members of these groups are read
     /// after the first question, and further ones cost nothing; where they cannot be read, each account is
     /// asked for alone. The answer is the same. Throws `QVErrno` as `groupsOf` and `QuotaEntries::find` do.
     std::set<int> entriesOf(const host::Account& account);

@@ -7,7 +7,7 @@
 #include "runtime/base/QVErrno.h"
 #include "runtime/host/host.h"
 #include "runtime/util/ListedAccounts.h"
-#include "runtime/util/QVDomainController.h"
+#include "runtime/util/DomainSession.h"
 
 namespace {
 
@@ -32,7 +32,7 @@ void append(const host::Answer<Accounts>& answer, const wchar_t* which, const ho
 
 /// A controller takes the bare name of an account of any other place for one of its own.
 bool isOfDomain(const host::Account& account) {
-    const host::Membership& membership = QVDomainController::membership();
+    const host::Membership& membership = DomainSession::membership();
     if (!membership.joined) return false;
     const bool hasDomainName = equalNames(account.domain, CString(membership.domainName));
     if (hasDomainName && membership.domainController) return true;  // it has no other accounts
@@ -62,11 +62,11 @@ Accounts groupsOf(const host::Account& account, bool ofDomain) {
     if (!ofDomain) return groups;
 
     Accounts domainGroups;
-    append(QVDomainController::ask([&account](const host::AccountSource& source) {
+    append(DomainSession::ask([&account](const host::AccountSource& source) {
                return host::localGroupsOf(source, account);
            }),
            L"domain-local", account, domainGroups);
-    append(QVDomainController::ask([&account](const host::AccountSource& source) {
+    append(DomainSession::ask([&account](const host::AccountSource& source) {
                return host::globalGroupsOf(source, account);
            }),
            L"global", account, domainGroups);

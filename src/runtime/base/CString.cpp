@@ -46,6 +46,8 @@ wchar_t upper(wchar_t unit) {
 
 }  // namespace
 
+FormatArgument::FormatArgument(const CString& text) : m_kind(Kind::text), m_text(text) {}
+
 CString::CString(const char* narrow) {
     for (; narrow != nullptr && *narrow != '\0'; ++narrow) {
         m_units += static_cast<wchar_t>(static_cast<unsigned char>(*narrow));

@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "runtime/base/QVErrno.h"
-#include "runtime/base/operation.h"
 #include "runtime/base/product.h"
 #include "runtime/host/host.h"
 #include "runtime/host/utf.h"
@@ -121,7 +120,6 @@ void QVLog::start(const CString& fileName) {
     logFile = std::move(file.value);
     lastRecordFailed = false;
     enabledLevels = configuredLevels();
-    operation::observed = true;
 }
 
 void QVLog::stop() noexcept {

@@ -14,6 +14,8 @@ std::wstring identified(unsigned int id, std::initializer_list<FormatArgument> i
 
 }  // namespace
 
+FormatArgument::FormatArgument(const QVString& text) : m_kind(Kind::text), m_text(text) {}
+
 CString& CString::operator=(const QVString& text) {
     return *this = CString(static_cast<const wchar_t*>(text));
 }

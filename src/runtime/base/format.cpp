@@ -3,18 +3,12 @@
 #include <algorithm>
 #include <cwchar>
 
-#include "runtime/base/CString.h"
-#include "runtime/base/QVString.h"
-#include "runtime/base/conversion.h"
+#include "catalog/conversion.h"
 
 using conversion::Conversion;
 using conversion::Kind;
 
 FormatArgument::FormatArgument(const wchar_t* text) : m_kind(Kind::text), m_text(text ? text : L"(null)") {}
-
-FormatArgument::FormatArgument(const CString& text) : m_kind(Kind::text), m_text(text) {}
-
-FormatArgument::FormatArgument(const QVString& text) : m_kind(Kind::text), m_text(text) {}
 
 namespace {
 

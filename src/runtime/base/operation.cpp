@@ -1,39 +1,31 @@
 #include "runtime/base/operation.h"
 
-#include <stdexcept>
-
 #include "runtime/base/QVErrno.h"
 #include "runtime/base/QVLog.h"
 #include "runtime/host/host.h"
 
-namespace {
-
-/// An exception that is none of the program's own.
-struct ForeignException : std::runtime_error {
-    ForeignException() : std::runtime_error("foreign exception planned by the described machine") {}
-};
-
-}  // namespace
-
 namespace operation::detail {
 
-bool beginObserved(const wchar_t* name, const CString& subject, const CString& detail) {
+bool isObserved(const wchar_t* name) {
     observed = host::verdictsArePlanned() || QVLog::traces();
-    if (!observed) return false;
-    CString whole = subject;
-    if (!detail.IsEmpty()) {
-        const bool ended = whole.IsEmpty() || whole.units().back() == L'\\';
-        whole = whole + (ended ? L"" : L"\\") + detail;
-    }
-    if (QVLog::traces()) QVLog::mf_writeMessage(QVLogData::LEVEL_T, name, L"%s", whole);
-    const host::Verdict verdict = host::verdictOn(name, whole.units());
+    return observed && (QVLog::traces() || host::verdictsArePlanned(name));
+}
+
+CString subjectText(const CString& folder, const CString& name) {
+    if (name.IsEmpty()) return folder;
+    const bool ended = folder.IsEmpty() || folder.units().back() == L'\\';
+    return folder + (ended ? L"" : L"\\") + name;
+}
+
+bool begin(const wchar_t* name, const CString& subject) {
+    if (QVLog::traces()) QVLog::mf_writeMessage(QVLogData::LEVEL_T, name, L"%s", subject);
+    const host::Verdict verdict = host::verdictOn(name, subject.units());
     switch (verdict.kind) {
-        case host::Verdict::Kind::proceed: return false;
         case host::Verdict::Kind::answerZero: return true;
-        case host::Verdict::Kind::throwForeign: throw ForeignException();
-        case host::Verdict::Kind::fail: break;
+        case host::Verdict::Kind::throwForeign: throw host::ForeignException();
+        case host::Verdict::Kind::fail: raise(QVErrnoValue(verdict.category), CString(verdict.text), verdict.code);
+        default: return false;
     }
-    raise(QVErrnoValue(verdict.category), CString(verdict.text), verdict.code);
 }
 
 }  // namespace operation::detail

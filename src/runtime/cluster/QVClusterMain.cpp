@@ -15,7 +15,7 @@ void QVClusterMain::mf_deleteInstance() {
 }
 
 void QVClusterMain::mf_startClusterStorage(int flags) {
-    if (operation::answersZero(L"QVClusterMain::mf_startClusterStorage", formatted(L"%d", flags))) return;
+    if (operation::answersZero(L"QVClusterMain::mf_startClusterStorage", flags)) return;
 }
 
 int QVClusterMain::mf_stopClusterStorage() {
@@ -24,7 +24,7 @@ int QVClusterMain::mf_stopClusterStorage() {
 }
 
 void QVClusterMain::mf_startCluster(int flags) {
-    if (operation::answersZero(L"QVClusterMain::mf_startCluster", formatted(L"%d", flags))) return;
+    if (operation::answersZero(L"QVClusterMain::mf_startCluster", flags)) return;
     const auto node = host::clusterNode();
     if (node.isMissing()) raise(QVErrno::_E_::Unspecific, L"this computer is not a node of a cluster");
     if (node.status == host::Status::refused) raise(node.failure, L"the cluster service refuses to answer");

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "runtime/host/facts.h"
+#include "runtime/host/verdict.h"
 
 namespace host {
 
@@ -66,19 +67,13 @@ std::wstring systemErrorText(std::uint32_t code);
 
 // --- Operations observed --------------------------------------------------------------------------------------------
 
-/// What the machine has in store for an operation of the runtime that is about to begin.
-struct Verdict {
-    enum class Kind { proceed, answerZero, fail, throwForeign };
-    Kind kind = Kind::proceed;
-    std::uint32_t category = 0;  ///< Kind::fail: the error value of the category, 1 to 6
-    std::uint32_t code = 0;      ///< Kind::fail: system error code or 0
-    std::wstring text;           ///< Kind::fail: the originator message, may be empty
-};
-
 /// Whether any operation can be given another verdict than `proceed`. Always false on Windows.
 bool verdictsArePlanned();
 
-/// The verdict on `operation` ("QVRegistry::mf_exists") over `subject`; counts the call.
+/// The same of one operation ("QVRegistry::mf_exists").
+bool verdictsArePlanned(const wchar_t* operation);
+
+/// What becomes of `operation`, which is about to begin over `subject`; counts the call.
 Verdict verdictOn(const wchar_t* operation, const std::wstring& subject);
 
 // --- Console, log ---------------------------------------------------------------------------------------------------

@@ -4,19 +4,19 @@
 #include <tuple>
 
 #include "runtime/base/natural_cause.h"
-#include "runtime/util/QVDomainController.h"
+#include "runtime/util/DomainSession.h"
 
 namespace {
 
 using Accounts = std::vector<host::Account>;
 
 host::Answer<Accounts> askAlone(const host::Account& account) {
-    return QVDomainController::ask(
+    return DomainSession::ask(
         [&account](const host::AccountSource& source) { return host::localGroupsOf(source, account); });
 }
 
 host::Answer<MembershipTable> readTable(const ListedAccounts& accounts) {
-    return QVDomainController::ask([&accounts](const host::AccountSource& source) {
+    return DomainSession::ask([&accounts](const host::AccountSource& source) {
         std::vector<GroupSet> sets{localGroupsAt(source), globalGroupsAt(source)};
         sets[0].isWanted = [](const host::Account&) { return true; };
         // Elsewhere no group of this computer can lead into the domain.
@@ -44,7 +44,7 @@ bool areSame(Accounts left, Accounts right) {
 }  // namespace
 
 host::Answer<Accounts> DomainLocalGroups::of(const host::Account& account) {
-    m_memberships.follow(QVDomainController::listedUsers());
+    m_memberships.follow(DomainSession::listedUsers());
     const std::size_t index = m_memberships.find(account);
     if (index != ListedAccounts::none && m_memberships.table())
         return groupsIn(*m_memberships.table(), index);

@@ -24,7 +24,7 @@ int QVCmdline::mf_getArgument(const CString& name, int remove) {
 }
 
 int QVCmdline::mf_getArgument(int index, CString& out, int remove) {
-    if (operation::answersZero(L"QVCmdline::mf_getArgument", formatted(L"%d", index))) return 0;
+    if (operation::answersZero(L"QVCmdline::mf_getArgument", index)) return 0;
     if (index < 0 || static_cast<std::size_t>(index) >= m_arguments.size()) return 0;
     const auto at = m_arguments.begin() + index;
     out = *at;

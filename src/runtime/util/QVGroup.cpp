@@ -2,7 +2,7 @@
 
 #include "runtime/base/natural_cause.h"
 #include "runtime/base/operation.h"
-#include "runtime/util/QVDomainController.h"
+#include "runtime/util/DomainSession.h"
 #include "runtime/util/account_list.h"
 
 namespace {
@@ -25,7 +25,7 @@ int QVGroup::mf_getComputerGroupList(QVArray<QVGroup*, QVGroup*>& list) {
 int QVGroup::mf_getDomainLocalGroupList(QVArray<QVGroup*, QVGroup*>& list) {
     if (operation::answersZero(L"QVGroup::mf_getDomainLocalGroupList")) return 0;
     const auto result =
-        QVDomainController::ask([&list](const host::AccountSource& source) { return fill(list, source); });
+        DomainSession::ask([&list](const host::AccountSource& source) { return fill(list, source); });
     if (result.found()) return 1;
     logNaturalCause(L"QVGroup::mf_getDomainLocalGroupList", result,
                     L"the domain-local groups cannot be listed");

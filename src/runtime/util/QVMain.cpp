@@ -6,7 +6,7 @@
 #include "runtime/util/QVStorage.h"
 
 void QVMain::mf_createInstance(int kind) {
-    if (operation::answersZero(L"QVMain::mf_createInstance", formatted(L"%d", kind))) return;
+    if (operation::answersZero(L"QVMain::mf_createInstance", kind)) return;
 }
 
 void QVMain::mf_deleteInstance() {
@@ -16,6 +16,7 @@ void QVMain::mf_deleteInstance() {
 void QVMain::mf_startLogging(const CString& logFileName) {
     if (operation::answersZero(L"QVMain::mf_startLogging", logFileName)) return;
     QVLog::start(logFileName);
+    operation::observed = true;  // the log may trace from now on
 }
 
 int QVMain::mf_stopLogging() {
@@ -25,7 +26,7 @@ int QVMain::mf_stopLogging() {
 }
 
 void QVMain::mf_startStorage(int flags) {
-    if (operation::answersZero(L"QVMain::mf_startStorage", formatted(L"%d", flags))) return;
+    if (operation::answersZero(L"QVMain::mf_startStorage", flags)) return;
     QVStorage::start();
 }
 
@@ -36,7 +37,7 @@ int QVMain::mf_stopStorage() {
 }
 
 void QVMain::mf_startDomainController(int flags) {
-    if (operation::answersZero(L"QVMain::mf_startDomainController", formatted(L"%d", flags))) return;
+    if (operation::answersZero(L"QVMain::mf_startDomainController", flags)) return;
     QVDomainController::start();
 }
 

@@ -2,6 +2,7 @@
 
 #include "runtime/base/natural_cause.h"
 #include "runtime/base/operation.h"
+#include "runtime/util/DomainSession.h"
 #include "runtime/util/QVDomainController.h"
 #include "runtime/util/account_list.h"
 
@@ -10,7 +11,7 @@ namespace {
 /// Whoever walks the list will ask for its accounts one by one: the domain controller's instance remembers
 /// them.
 host::Answer<host::Done> fill(QVArray<QVUser*, QVUser*>& list, const host::AccountSource& source) {
-    const bool isRemembered = QVDomainController::isStarted();
+    const bool isRemembered = DomainSession::isStarted();
     ListedAccounts users;
     const auto result = fillAccountList(list, [&](std::uint64_t cursor) {
         auto page = host::users(source, cursor);
@@ -19,7 +20,7 @@ host::Answer<host::Done> fill(QVArray<QVUser*, QVUser*>& list, const host::Accou
         }
         return page;
     });
-    if (isRemembered && result.found()) QVDomainController::usersListed(std::move(users));
+    if (isRemembered && result.found()) DomainSession::usersListed(std::move(users));
     return result;
 }
 
@@ -43,7 +44,7 @@ int QVUser::mf_getComputerUserList(QVArray<QVUser*, QVUser*>& list) {
 int QVUser::mf_getDomainUserList(QVArray<QVUser*, QVUser*>& list) {
     if (operation::answersZero(L"QVUser::mf_getDomainUserList")) return 0;
     const auto result =
-        QVDomainController::ask([&list](const host::AccountSource& source) { return fill(list, source); });
+        DomainSession::ask([&list](const host::AccountSource& source) { return fill(list, source); });
     if (result.found()) return 1;
     logNaturalCause(L"QVUser::mf_getDomainUserList", result, L"the domain users cannot be listed");
     return 0;

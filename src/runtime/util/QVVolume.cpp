@@ -56,7 +56,7 @@ bool QVVolume::isListed() const {
 }
 
 const CString QVVolume::mf_toString(const CString& prefix) const {
-    if (operation::answersZero(L"QVVolume::mf_toString", name())) return {};
+    if (operation::answersZero(L"QVVolume::mf_toString", [this] { return name(); })) return {};
     if (!isListed()) return prefix + unknownFact(m_facts.fileSystem, L"The volumes cannot be listed");
     FactLines lines(prefix, 13);
     if (m_facts.letter) lines.add(L"Drive:", name());
@@ -75,7 +75,7 @@ const CString QVVolume::mf_toString(const CString& prefix) const {
 }
 
 const CString QVVolume::mf_getFileSystemName() const {
-    if (operation::answersZero(L"QVVolume::mf_getFileSystemName", name())) return {};
+    if (operation::answersZero(L"QVVolume::mf_getFileSystemName", [this] { return name(); })) return {};
     const auto& answer = m_facts.fileSystem;
     const CString what = formatted(L"the file system of %s is unknown", name());
     if (answer.isMissing()) raise(QVErrno::_E_::System, what, errorUnrecognizedVolume);
@@ -84,7 +84,7 @@ const CString QVVolume::mf_getFileSystemName() const {
 }
 
 wchar_t QVVolume::mf_getDriveLetter() const {
-    if (operation::answersZero(L"QVVolume::mf_getDriveLetter", name())) return 0;
+    if (operation::answersZero(L"QVVolume::mf_getDriveLetter", [this] { return name(); })) return 0;
     if (m_facts.letter) return *m_facts.letter;
     if (!m_facts.paths.found())
         raise(m_facts.paths.failure, formatted(L"the drive letter of volume %s is unknown", name()));

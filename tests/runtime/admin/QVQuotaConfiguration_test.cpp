@@ -9,7 +9,7 @@
 
 #include "runtime/base/QVErrno.h"
 #include "runtime/util/QVDomainController.h"
-#include "tests/runtime/admin/described_machine.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
 
@@ -50,7 +50,7 @@ const wchar_t* const bob = L"S-1-5-21-1-2-3-1002";
 const wchar_t* const domainAlice = L"S-1-5-21-4-5-6-1001";
 const wchar_t* const dora = L"S-1-5-21-4-5-6-1002";
 
-class QVQuotaConfigurationTest : public QuotaMachine {
+class QVQuotaConfigurationTest : public DescribedMachine {
 protected:
     ~QVQuotaConfigurationTest() override {
         QVQuotaConfiguration::mf_deleteInstance();

@@ -8,7 +8,7 @@
 #include <fstream>
 
 #include "runtime/base/QVErrno.h"
-#include "tests/runtime/admin/described_machine.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
 
@@ -23,7 +23,7 @@ Users (BUILTIN) = alice
 Staff S-1-5-21-1-2-3-2001 = bob
 )";
 
-class QVQuotaFileTest : public QuotaMachine {
+class QVQuotaFileTest : public DescribedMachine {
 protected:
     /// A quota file C:\quota.cfg with this text.
     void describeFile(const std::string& text) { describe(computer + ("[contents C:\\quota.cfg]\n" + text)); }
@@ -188,7 +188,7 @@ TEST_F(QVQuotaFileTest, AFileAbove16MiBIsAnError) {
     std::remove("large.cfg");
 }
 
-class QVQuotaFileNameTest : public QuotaMachine {
+class QVQuotaFileNameTest : public DescribedMachine {
 protected:
     CString nameWith(const std::string& value) {
         describe("[registry]\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Norvel\\Orlix\\CurrentVersion\\HsmClient]\n" +

@@ -8,16 +8,17 @@
 #include "runtime/admin/group_membership.h"
 #include "runtime/base/QVErrno.h"
 #include "runtime/host/host.h"
+#include "runtime/util/DomainSession.h"
 #include "runtime/util/QVDomainController.h"
 #include "runtime/util/QVUser.h"
-#include "tests/runtime/admin/described_machine.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 #include "tests/runtime/util/random_directory.h"
 
 namespace {
 
 using Entries = std::set<int>;
 
-class QuotaGroupsTest : public QuotaMachine {
+class QuotaGroupsTest : public DescribedMachine {
 protected:
     ~QuotaGroupsTest() override {
         deleteElements(m_users);
@@ -81,10 +82,10 @@ TEST_F(QuotaGroupsTest, AreTheSameAsAskedForAloneInAnyDirectory) {
         for (int i = 0; i < m_users.GetSize(); ++i) {
             const host::Account account = toAccount(*m_users[i]);
             const Entries alone = expected(entries, account);
-            const std::uint64_t before = described::remoteQuestions();
+            const std::uint64_t before = description::remoteQuestions();
             ASSERT_EQ(groups.entriesOf(account), alone) << "seed " << seed << "\n" << machine;
             if (i == 0) continue;
-            ASSERT_EQ(described::remoteQuestions(), before) << "seed " << seed << "\n" << machine;
+            ASSERT_EQ(description::remoteQuestions(), before) << "seed " << seed << "\n" << machine;
             ++answered;
             matched += alone.size() > 1;
         }
@@ -119,10 +120,10 @@ TEST_F(QuotaGroupsTest, AnAccountAskedForAloneTakesNoMoreQuestionsThanItsGroups)
     giveEntries({"WS01\\Testers", "CORP\\Readers"});
     const QuotaEntries entries(m_entries);
     QuotaGroups groups(entries);
-    QVDomainController::accountSource();
-    const std::uint64_t before = described::remoteQuestions();
+    DomainSession::accountSource();
+    const std::uint64_t before = description::remoteQuestions();
     EXPECT_EQ(groups.entriesOf({L"CORP", L"bob", {}}), (Entries{0, 1}));
-    EXPECT_EQ(described::remoteQuestions(), before + 3);
+    EXPECT_EQ(description::remoteQuestions(), before + 3);
 }
 
 TEST_F(QuotaGroupsTest, AnAccountOfThisComputerDoesNotCountAsItsNamesakeOfTheDomain) {
@@ -159,7 +160,7 @@ TEST_F(QuotaGroupsTest, AGroupThatAnEntryMayMeanLeavesItsMembersUndecided) {
     QuotaGroups groups(entries);
     EXPECT_EQ(groups.entriesOf(toAccount(*m_users[0])), Entries{});
     for (int i : {1, 2, 1}) {
-        const std::uint64_t before = described::remoteQuestions();
+        const std::uint64_t before = description::remoteQuestions();
         try {
             groups.entriesOf(toAccount(*m_users[i]));
             FAIL() << "decided";
@@ -167,7 +168,7 @@ TEST_F(QuotaGroupsTest, AGroupThatAnEntryMayMeanLeavesItsMembersUndecided) {
             EXPECT_NE(error.mf_toString().units().find(L"whether the quota file means 'CORP\\Readers'"),
                       std::wstring::npos);
         }
-        EXPECT_EQ(described::remoteQuestions(), before);
+        EXPECT_EQ(description::remoteQuestions(), before);
     }
 }
 
@@ -193,7 +194,7 @@ TEST_F(QuotaGroupsTest, AllQuotasCostQuestionsByPagesAndGroups) {
         users));
     QVQuotaConfiguration::mf_createInstance();
     ASSERT_EQ(QVUser::mf_getDomainUserList(m_users), 1);
-    const std::uint64_t before = described::remoteQuestions();
+    const std::uint64_t before = description::remoteQuestions();
     std::map<std::wstring, int> kinds;
     for (int i = 0; i < m_users.GetSize(); ++i) {
         QVQuota* quota = nullptr;
@@ -201,7 +202,7 @@ TEST_F(QuotaGroupsTest, AllQuotasCostQuestionsByPagesAndGroups) {
         QVQuotaConfiguration::mf_getQuota(m_users[i]->mf_getSid(), quota, explanation);
         ++kinds[explanation.units()];
     }
-    const std::uint64_t all = described::remoteQuestions();
+    const std::uint64_t all = description::remoteQuestions();
     EXPECT_EQ(kinds, (std::map<std::wstring, int>{{L"", 1},
                                                   {L"group BUILTIN\\Users", 25000 - 4},
                                                   {L"group CORP\\Share1", 1},

@@ -7,7 +7,7 @@
 #include "runtime/base/QVErrno.h"
 #include "runtime/util/QVDomainController.h"
 #include "runtime/util/QVSid.h"
-#include "tests/runtime/admin/described_machine.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
 
@@ -31,7 +31,7 @@ Sales = Domain Users
 Domain Users = alice
 )";
 
-class GroupMembershipTest : public QuotaMachine {
+class GroupMembershipTest : public DescribedMachine {
 protected:
     ~GroupMembershipTest() override { QVDomainController::stop(); }
 

@@ -2,7 +2,7 @@
 
 #include "runtime/base/QVSystem.h"
 #include "runtime/host/host.h"
-#include "tests/runtime/host/described/machine_fixture.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
 

@@ -1,18 +1,15 @@
 #include "runtime/base/operation.h"
 
 #include "runtime/base/QVPath.h"
-#include "tests/runtime/host/described/machine_fixture.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
 
 /// Looks at subjects by failures that are planned for them: an operation that hits answers "nothing".
 class Operation : public DescribedMachine {
 protected:
-    ~Operation() override { operation::observed = true; }
-
     static void plan(const std::string& failure) {
         describe("[failures]\n" + failure + " : answer 0\n");
-        operation::observed = true;
     }
 };
 
@@ -46,7 +43,29 @@ TEST_F(Operation, AnEmptyNameLeavesTheDirectoryAlone) {
 
 TEST_F(Operation, NothingPlannedIsNotObserved) {
     describe("");
-    operation::observed = true;
+    EXPECT_TRUE(operation::observed);
     EXPECT_FALSE(operation::answersZero(appendFile, L"C:\\a", L"b"));
     EXPECT_FALSE(operation::observed);
+}
+
+TEST_F(Operation, TheSubjectIsMadeOnlyForAnOperationThatSomebodyWantsToKnowOf) {
+    int made = 0;
+    const auto subject = [&made] {
+        ++made;
+        return CString(L"C:\\a");
+    };
+    describe("");
+    EXPECT_FALSE(operation::answersZero(appendFile, subject));
+    plan("QVPath::mf_exists");
+    EXPECT_FALSE(operation::answersZero(appendFile, subject));
+    EXPECT_EQ(made, 0);
+    plan("QVPath::mf_appendFile \"C:\\a\"");
+    EXPECT_TRUE(operation::answersZero(appendFile, subject));
+    EXPECT_EQ(made, 1);
+}
+
+TEST_F(Operation, ANumberIsASubject) {
+    plan("QVMain::mf_startStorage \"7\"");
+    EXPECT_TRUE(operation::answersZero(L"QVMain::mf_startStorage", 7));
+    EXPECT_FALSE(operation::answersZero(L"QVMain::mf_startStorage", 8));
 }

@@ -9,7 +9,7 @@
 
 #include "runtime/host/os.h"
 #ifndef _WIN32
-#include "runtime/host/described/state.h"
+#include "runtime/host/description/state.h"
 #endif
 
 /// The key SOFTWARE\KvxTest of HKEY_LOCAL_MACHINE, there as long as the test; names and texts are ASCII.
@@ -54,7 +54,7 @@ private:
         stage({});
     }
     ~StagedRegistry() override {
-        described::load(described::RealFiles(), described::descriptionName());
+        description::load(description::RealFiles(), description::descriptionName());
     }
 
     void stageText(const std::string& name, const std::string& text) {
@@ -76,7 +76,7 @@ private:
 
     void stage(const std::string& line) {
         m_text += line;
-        EXPECT_EQ(described::loadText(m_text).report(), "");
+        EXPECT_EQ(description::loadText(m_text).report(), "");
     }
 
     std::string m_text = "[registry]\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\KvxTest]\n";

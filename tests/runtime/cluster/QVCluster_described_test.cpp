@@ -1,7 +1,7 @@
 #include "runtime/cluster/QVCluster.h"
 #include "runtime/cluster/QVClusterMain.h"
 #include "tests/runtime/error_of.h"
-#include "tests/runtime/host/described/machine_fixture.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
 

@@ -1,8 +1,9 @@
+#include "runtime/util/DomainSession.h"
 #include "runtime/util/QVDomainController.h"
 
 #include "runtime/host/host.h"
 #include "tests/runtime/error_of.h"
-#include "tests/runtime/host/described/machine_fixture.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
 
@@ -23,7 +24,7 @@ protected:
     /// Puts a question that gets this reply; tells how often it was put.
     static int timesAsked(const Reply& reply) {
         int times = 0;
-        const Reply result = QVDomainController::ask([&](const host::AccountSource& source) {
+        const Reply result = DomainSession::ask([&](const host::AccountSource& source) {
             ++times;
             EXPECT_EQ(source.server, L"DC02");
             return reply;
@@ -36,21 +37,21 @@ protected:
 TEST_F(QVDomainControllerTest, NothingIsAnsweredUnlessStarted) {
     describe(member);
     const std::wstring refusal = L"Operation failed: the domain controller instance was not started";
-    EXPECT_FALSE(QVDomainController::isStarted());
+    EXPECT_FALSE(DomainSession::isStarted());
     EXPECT_EQ(errorOf([] { QVDomainController::mf_isJoined(); }), refusal);
     EXPECT_EQ(errorOf([] { QVDomainController::mf_getDomainName(); }), refusal);
     EXPECT_EQ(errorOf([] { QVDomainController::mf_getPDCName(); }), refusal);
-    EXPECT_EQ(errorOf([] { QVDomainController::accountSource(); }), refusal);
-    EXPECT_EQ(QVDomainController::listedUsers(), nullptr);
+    EXPECT_EQ(errorOf([] { DomainSession::accountSource(); }), refusal);
+    EXPECT_EQ(DomainSession::listedUsers(), nullptr);
 }
 
 TEST_F(QVDomainControllerTest, TellsTheDomainAndItsControllers) {
     startOn(member);
     EXPECT_NE(QVDomainController::mf_isJoined(), 0);
     EXPECT_EQ(QVDomainController::mf_getDomainName(), L"CORP");
-    EXPECT_EQ(described::remoteQuestions(), 0U);
+    EXPECT_EQ(description::remoteQuestions(), 0U);
     EXPECT_EQ(QVDomainController::mf_getPDCName(), L"DC01");
-    EXPECT_EQ(QVDomainController::accountSource().value.server, L"DC02");
+    EXPECT_EQ(DomainSession::accountSource().value.server, L"DC02");
 }
 
 TEST_F(QVDomainControllerTest, TheMembershipIsAskedOnceUntilTheStop) {
@@ -85,19 +86,19 @@ TEST_F(QVDomainControllerTest, WithoutAControllerThereIsNoPrimaryOne) {
 
 TEST_F(QVDomainControllerTest, AControllerIsLocatedOnce) {
     startOn(member);
-    EXPECT_EQ(QVDomainController::accountSource().value.server, L"DC02");
-    EXPECT_EQ(QVDomainController::accountSource().value.server, L"DC02");
+    EXPECT_EQ(DomainSession::accountSource().value.server, L"DC02");
+    EXPECT_EQ(DomainSession::accountSource().value.server, L"DC02");
     EXPECT_EQ(timesAsked(host::Done{}), 1);
-    EXPECT_EQ(described::remoteQuestions(), 1U);
+    EXPECT_EQ(description::remoteQuestions(), 1U);
 }
 
 TEST_F(QVDomainControllerTest, ALostControllerIsReplacedOnceAndThenNotAskedAgain) {
     startOn(member);
     EXPECT_EQ(timesAsked(Reply::failed(1722)), 2);
-    EXPECT_EQ(described::remoteQuestions(), 2U);
+    EXPECT_EQ(description::remoteQuestions(), 2U);
     EXPECT_EQ(timesAsked(Reply::failed(1722)), 0);
-    EXPECT_EQ(QVDomainController::accountSource().failure.code, 1722U);
-    EXPECT_EQ(described::remoteQuestions(), 2U);
+    EXPECT_EQ(DomainSession::accountSource().failure.code, 1722U);
+    EXPECT_EQ(description::remoteQuestions(), 2U);
     QVDomainController::stop();
     QVDomainController::start();
     EXPECT_EQ(timesAsked(Reply::failed(1722)), 2);
@@ -109,7 +110,7 @@ TEST_F(QVDomainControllerTest, AnAnswerOfTheControllerNeedsNoOtherOne) {
     EXPECT_EQ(timesAsked(Reply::missing()), 1);
     EXPECT_EQ(timesAsked(Reply::failed(1332)), 1);
     EXPECT_EQ(timesAsked(Reply::failed(0, L"the list makes no progress")), 1);
-    EXPECT_EQ(described::remoteQuestions(), 1U);
+    EXPECT_EQ(description::remoteQuestions(), 1U);
 }
 
 TEST_F(QVDomainControllerTest, ACodeSaysWhetherTheControllerIsLost) {
@@ -119,42 +120,42 @@ TEST_F(QVDomainControllerTest, ACodeSaysWhetherTheControllerIsLost) {
           1715U, 1717U, 1722U, 1723U, 1726U, 1727U, 1753U, 1818U, 1908U, 2453U}) {
         startOn(member);
         EXPECT_EQ(timesAsked(Reply::failed(code)), 2) << code;
-        EXPECT_EQ(described::remoteQuestions(), 2U) << code;
+        EXPECT_EQ(description::remoteQuestions(), 2U) << code;
         QVDomainController::stop();
     }
     for (const std::uint32_t code : {0U, 5U, 124U, 1332U, 2123U, 2138U, 2221U, 2351U}) {
         startOn(member);
         EXPECT_EQ(timesAsked(Reply::failed(code)), 1) << code;
-        EXPECT_EQ(described::remoteQuestions(), 1U) << code;
+        EXPECT_EQ(description::remoteQuestions(), 1U) << code;
         QVDomainController::stop();
     }
 }
 
 TEST_F(QVDomainControllerTest, AControllerAsksItself) {
     startOn("[system]\ncomputer = DC02\n[domain]\njoined = yes\nname = CORP\nrole = controller\n");
-    EXPECT_EQ(QVDomainController::accountSource().value.server, L"");
+    EXPECT_EQ(DomainSession::accountSource().value.server, L"");
     int times = 0;
-    QVDomainController::ask([&](const host::AccountSource&) {
+    DomainSession::ask([&](const host::AccountSource&) {
         ++times;
         return Reply::failed(1722);
     });
     EXPECT_EQ(times, 1);
-    EXPECT_EQ(described::remoteQuestions(), 0U);
+    EXPECT_EQ(description::remoteQuestions(), 0U);
 }
 
 TEST_F(QVDomainControllerTest, NothingIsSearchedForWithoutADomain) {
     startOn("[domain]\nworkgroup = HOME\ncontroller = DC02\n");
-    EXPECT_EQ(QVDomainController::accountSource().status, host::Status::failed);
-    EXPECT_EQ(QVDomainController::accountSource().failure.text, L"this computer is not joined to a domain");
+    EXPECT_EQ(DomainSession::accountSource().status, host::Status::failed);
+    EXPECT_EQ(DomainSession::accountSource().failure.text, L"this computer is not joined to a domain");
     EXPECT_TRUE(holds(errorOf([] { QVDomainController::mf_getPDCName(); }),
                       L"no primary domain controller was found"));
-    EXPECT_EQ(described::remoteQuestions(), 0U);
+    EXPECT_EQ(description::remoteQuestions(), 0U);
 }
 
 TEST_F(QVDomainControllerTest, WithoutAControllerTheQuestionIsNotPut) {
     startOn("[domain]\njoined = yes\nname = CORP\ncontroller = DC02\nreachable = no\n");
     int times = 0;
-    const Reply reply = QVDomainController::ask([&](const host::AccountSource&) {
+    const Reply reply = DomainSession::ask([&](const host::AccountSource&) {
         ++times;
         return Reply(host::Done{});
     });

@@ -2,7 +2,7 @@
 
 #include "runtime/util/QVDomainController.h"
 #include "tests/runtime/error_of.h"
-#include "tests/runtime/host/described/machine_fixture.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 #include "tests/runtime/util/account_names.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <sstream>
 
 #include "runtime/base/QVLog.h"
-#include "runtime/util/QVDomainController.h"
+#include "runtime/util/DomainSession.h"
 #include "runtime/util/QVStorage.h"
 #include "tests/runtime/error_of.h"
 
@@ -37,7 +37,7 @@ TEST_F(QVMainTest, StopsWhatNeverStarted) {
     EXPECT_NO_THROW(stopAll());
     EXPECT_NO_THROW(stopAll());
     EXPECT_EQ(QVStorage::mf_isInitialized(), 0);
-    EXPECT_FALSE(QVDomainController::isStarted());
+    EXPECT_FALSE(DomainSession::isStarted());
 }
 
 TEST_F(QVMainTest, EachServiceIsStartedAndStoppedByItself) {
@@ -45,14 +45,14 @@ TEST_F(QVMainTest, EachServiceIsStartedAndStoppedByItself) {
     for (int round = 0; round < 2; ++round) {
         QVMain::mf_startStorage(0);
         EXPECT_NE(QVStorage::mf_isInitialized(), 0);
-        EXPECT_FALSE(QVDomainController::isStarted());
+        EXPECT_FALSE(DomainSession::isStarted());
         QVMain::mf_startDomainController(0);
-        EXPECT_TRUE(QVDomainController::isStarted());
+        EXPECT_TRUE(DomainSession::isStarted());
         QVMain::mf_stopStorage();
         EXPECT_EQ(QVStorage::mf_isInitialized(), 0);
-        EXPECT_TRUE(QVDomainController::isStarted());
+        EXPECT_TRUE(DomainSession::isStarted());
         QVMain::mf_stopDomainController();
-        EXPECT_FALSE(QVDomainController::isStarted());
+        EXPECT_FALSE(DomainSession::isStarted());
     }
 }
 

@@ -1,6 +1,6 @@
 #include "runtime/util/QVStorage.h"
 #include "tests/runtime/error_of.h"
-#include "tests/runtime/host/described/machine_fixture.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include <sstream>
 
 #include "runtime/base/QVLog.h"
-#include "tests/runtime/host/described/machine_fixture.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
 

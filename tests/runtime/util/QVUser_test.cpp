@@ -5,9 +5,10 @@
 
 #include "runtime/base/QVLog.h"
 #include "runtime/host/host.h"
+#include "runtime/util/DomainSession.h"
 #include "runtime/util/QVDomainController.h"
 #include "tests/runtime/error_of.h"
-#include "tests/runtime/host/described/machine_fixture.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 #include "tests/runtime/util/account_names.h"
 
 namespace {
@@ -74,7 +75,7 @@ TEST_F(QVUserTest, ListsTheDomainsUsersOverAllPages) {
     describe(domain + "[domain users]\ngenerate users = 25 user%02d\n");
     QVDomainController::start();
     EXPECT_NE(QVUser::mf_getDomainUserList(m_users), 0);
-    ASSERT_NE(QVDomainController::listedUsers(), nullptr);
+    ASSERT_NE(DomainSession::listedUsers(), nullptr);
     const Names names = takeNames(m_users);
     ASSERT_EQ(names.size(), 25U);
     EXPECT_EQ(names.front(), L"CORP\\user01");
@@ -86,7 +87,7 @@ TEST_F(QVUserTest, ADomainsListThatFailsIsEmptyAndNotRemembered) {
     QVDomainController::start();
     EXPECT_EQ(QVUser::mf_getDomainUserList(m_users), 0);
     EXPECT_EQ(m_users.GetSize(), 0);
-    EXPECT_EQ(QVDomainController::listedUsers(), nullptr);
+    EXPECT_EQ(DomainSession::listedUsers(), nullptr);
 }
 
 TEST_F(QVUserTest, WithoutAControllerTheDomainsListIsEmpty) {
@@ -100,7 +101,7 @@ TEST_F(QVUserTest, TheDomainIsNotAskedUnlessItsInstanceWasStarted) {
     describe(domain + "[domain users]\nalice\n");
     EXPECT_NE(errorOf([this] { QVUser::mf_getDomainUserList(m_users); }), L"");
     EXPECT_EQ(m_users.GetSize(), 0);
-    EXPECT_EQ(described::remoteQuestions(), 0U);
+    EXPECT_EQ(description::remoteQuestions(), 0U);
 }
 
 TEST_F(QVUserTest, ListsLocalGroupsOrNoneWhereTheyCannotBeAskedFor) {

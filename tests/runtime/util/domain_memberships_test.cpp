@@ -3,9 +3,10 @@
 #include <cstdio>
 
 #include "runtime/host/host.h"
+#include "runtime/util/DomainSession.h"
 #include "runtime/util/QVDomainController.h"
 #include "runtime/util/QVUser.h"
-#include "tests/runtime/admin/described_machine.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 #include "tests/runtime/util/account_names.h"
 #include "tests/runtime/util/random_directory.h"
 
@@ -15,7 +16,7 @@ using Names = std::vector<std::wstring>;
 
 const host::AccountSource controller{L"DC01"};
 
-class DomainMemberships : public QuotaMachine {
+class DomainMemberships : public DescribedMachine {
 protected:
     ~DomainMemberships() override {
         deleteElements(m_users);
@@ -54,10 +55,10 @@ TEST_F(DomainMemberships, AreTheSameAsAskedForAloneInAnyDirectory) {
         list(machine);
         for (int i = 0; i < m_users.GetSize(); ++i) {
             const Names expected = askedAlone(*m_users[i]);
-            const std::uint64_t before = described::remoteQuestions();
+            const std::uint64_t before = description::remoteQuestions();
             ASSERT_EQ(groupsOf(*m_users[i]), expected) << "seed " << seed << "\n" << machine;
             if (i == 0) continue;
-            ASSERT_EQ(described::remoteQuestions(), before) << "seed " << seed << "\n" << machine;
+            ASSERT_EQ(description::remoteQuestions(), before) << "seed " << seed << "\n" << machine;
             ++answered;
             withGroups += !expected.empty();
         }
@@ -89,18 +90,18 @@ TEST_F(DomainMemberships, AnAccountAskedForAloneTakesOneQuestion) {
     QVDomainController::start();
     const auto users = host::users(controller, 0).value.items;
     QVUser bob(users[1]);
-    QVDomainController::accountSource();
-    const std::uint64_t before = described::remoteQuestions();
+    DomainSession::accountSource();
+    const std::uint64_t before = description::remoteQuestions();
     EXPECT_EQ(groupsOf(bob), (Names{L"CORP\\Readers", L"CORP\\Writers"}));
-    EXPECT_EQ(described::remoteQuestions(), before + 1);
+    EXPECT_EQ(description::remoteQuestions(), before + 1);
 }
 
 TEST_F(DomainMemberships, SoDoesTheOnlyAccountOfAList) {
     list(
         "[domain]\njoined = yes\nname = CORP\ncontroller = DC01\n[domain users]\nalice\n[domain groups]\nG = alice\n");
-    const std::uint64_t before = described::remoteQuestions();
+    const std::uint64_t before = description::remoteQuestions();
     EXPECT_EQ(groupsOf(*m_users[0]), (Names{L"CORP\\G"}));
-    EXPECT_EQ(described::remoteQuestions(), before + 1);
+    EXPECT_EQ(description::remoteQuestions(), before + 1);
 }
 
 TEST_F(DomainMemberships, AnAccountThatWasNotListedIsAskedForAlone) {
@@ -108,9 +109,9 @@ TEST_F(DomainMemberships, AnAccountThatWasNotListedIsAskedForAlone) {
     for (int i = 0; i < m_users.GetSize(); ++i)
         groupsOf(*m_users[i]);
     QVUser stranger(host::Account{L"CORP", L"nobody", sidFromText(L"S-1-5-21-1-2-3-4")});
-    const std::uint64_t before = described::remoteQuestions();
+    const std::uint64_t before = description::remoteQuestions();
     EXPECT_EQ(groupsOf(stranger), (Names{L"failed"}));
-    EXPECT_GT(described::remoteQuestions(), before);
+    EXPECT_GT(description::remoteQuestions(), before);
 }
 
 TEST_F(DomainMemberships, AnotherListIsAskedForAnew) {
@@ -132,10 +133,10 @@ TEST_F(DomainMemberships, WhereMembersAreRefusedEachAccountIsAskedForAlone) {
           "[global groups]\n! error 2221 after 0\n", "[global groups]\n! refused someone\n"}) {
         list(std::string(company) + cause);
         for (int i = 0; i < m_users.GetSize(); ++i) {
-            const std::uint64_t before = described::remoteQuestions();
+            const std::uint64_t before = description::remoteQuestions();
             const Names expected = askedAlone(*m_users[i]);
             EXPECT_EQ(groupsOf(*m_users[i]), expected);
-            EXPECT_GT(described::remoteQuestions(), before + 1) << "not asked for alone";
+            EXPECT_GT(description::remoteQuestions(), before + 1) << "not asked for alone";
         }
     }
 }
@@ -145,9 +146,9 @@ TEST_F(DomainMemberships, AFirstAccountWithoutAnswerDoesNotSpoilTheOthers) {
     QVUser stranger(host::Account{L"CORP", L"nobody", {}});
     EXPECT_EQ(groupsOf(stranger), (Names{L"failed"}));
     groupsOf(*m_users[0]);
-    const std::uint64_t before = described::remoteQuestions();
+    const std::uint64_t before = description::remoteQuestions();
     EXPECT_EQ(groupsOf(*m_users[1]), (Names{L"CORP\\Readers", L"CORP\\Writers"}));
-    EXPECT_EQ(described::remoteQuestions(), before);
+    EXPECT_EQ(description::remoteQuestions(), before);
 }
 
 /// A domain of `users` users and 40 groups that matter.
@@ -168,11 +169,11 @@ TEST_F(DomainMemberships, CostQuestionsByPagesAndGroups) {
     constexpr std::uint64_t users = 25000, groups = 40, forEachGroup = 1, forAll = 8;
     list(largeDomain(users));
     ASSERT_EQ(m_users.GetSize(), static_cast<int>(users));
-    const std::uint64_t forTheList = described::remoteQuestions();
+    const std::uint64_t forTheList = description::remoteQuestions();
     std::uint64_t memberships = 0;
     for (int i = 0; i < m_users.GetSize(); ++i)
         memberships += groupsOf(*m_users[i]).size();
-    const std::uint64_t all = described::remoteQuestions();
+    const std::uint64_t all = description::remoteQuestions();
     EXPECT_EQ(memberships, users + 19 + 19);
     EXPECT_LE(all, users / 100 + forEachGroup * groups + forAll);
     std::printf(

@@ -2,23 +2,23 @@
 
 #include <algorithm>
 
-#include "runtime/host/described/fold.h"
+#include "runtime/host/description/fold.h"
 
 namespace made_up {
 
-using described::Scope;
+using description::Scope;
 
 namespace {
 
-const described::DomainDescription& domain() {
+const description::DomainDescription& domain() {
     return machine().domain;
 }
 
 /// Whether `server` is the computer `name`, alone or followed by the domain's DNS name.
 bool isComputer(const std::wstring& server, const std::wstring& name) {
     if (name.empty()) return false;
-    return described::equalFolded(server, name) ||
-           described::equalFolded(server, name + L"." + domain().dnsName);
+    return description::equalFolded(server, name) ||
+           description::equalFolded(server, name + L"." + domain().dnsName);
 }
 
 bool isHere(const std::wstring& server) {
@@ -56,21 +56,21 @@ DWORD Call::locate(const std::wstring& server) {
     return domain().unreachable.any ? domain().unreachable.code : ERROR_SUCCESS;
 }
 
-described::GroupKind Call::localGroups() const {
-    return m_scope == Scope::computer ? described::GroupKind::local : described::GroupKind::domainLocal;
+description::GroupKind Call::localGroups() const {
+    return m_scope == Scope::computer ? description::GroupKind::local : description::GroupKind::domainLocal;
 }
 
-const described::UserList& Call::users() const {
+const description::UserList& Call::users() const {
     return m_scope == Scope::computer ? machine().users : machine().domainUsers;
 }
 
-const described::GroupList& Call::groups(described::GroupKind kind) const {
-    if (kind == described::GroupKind::local) return machine().groups;
-    return kind == described::GroupKind::domainLocal ? machine().domainGroups : machine().globalGroups;
+const description::GroupList& Call::groups(description::GroupKind kind) const {
+    if (kind == description::GroupKind::local) return machine().groups;
+    return kind == description::GroupKind::domainLocal ? machine().domainGroups : machine().globalGroups;
 }
 
 Part partOf(const Call& call, std::uint64_t start, std::uint64_t total, std::uint64_t most,
-            const described::ListCause& cause) {
+            const description::ListCause& cause) {
     Part part;
     if (cause.cause.any && start >= cause.after) {
         part.code = cause.cause.code;

@@ -16,18 +16,18 @@ public:
     /// Why the call has no answer; 0 when it has one.
     DWORD code() const { return m_code; }
     /// Whose accounts the server keeps.
-    described::Scope scope() const { return m_scope; }
+    description::Scope scope() const { return m_scope; }
     const Oddity& oddity() const { return m_oddity; }
 
-    described::GroupKind localGroups() const;
-    const described::UserList& users() const;
-    const described::GroupList& groups(described::GroupKind kind) const;
+    description::GroupKind localGroups() const;
+    const description::UserList& users() const;
+    const description::GroupList& groups(description::GroupKind kind) const;
 
 private:
     DWORD locate(const std::wstring& server);
 
     DWORD m_code = ERROR_SUCCESS;
-    described::Scope m_scope = described::Scope::computer;
+    description::Scope m_scope = description::Scope::computer;
     Oddity m_oddity;
 };
 
@@ -49,7 +49,7 @@ struct Part {
 /// The page from `start` on of a list of `total` entries, at most `most` of them, as far as its cause and the
 /// call's oddity let it be read.
 Part partOf(const Call& call, std::uint64_t start, std::uint64_t total, std::uint64_t most,
-            const described::ListCause& cause = {});
+            const description::ListCause& cause = {});
 
 /// Hands out the records of a page: `fill(records, index, place)` for each, `place` being that in the list.
 template <class Record, class Fill>

@@ -11,7 +11,7 @@
 #include "imports.h"
 #include "machine.h"
 #include "quirks.h"
-#include "runtime/host/described/fold.h"
+#include "runtime/host/description/fold.h"
 #include "runtime/host/os.h"
 #include "services.h"
 #include "volumes.h"
@@ -31,7 +31,7 @@ struct Object {
     std::size_t place = 0;
 };
 
-const described::ClusterDescription* section() {
+const description::ClusterDescription* section() {
     const auto& cluster = made_up::machine().cluster;
     return cluster ? &*cluster : nullptr;
 }
@@ -76,7 +76,7 @@ template <class Part>
 Object* openPart(const char* function, DWORD kind, const std::vector<Part>& parts, const wchar_t* name) {
     if (opensNothing(function)) return nullptr;
     const auto found = std::find_if(parts.begin(), parts.end(), [&](const Part& part) {
-        return described::equalFolded(part.name, name);
+        return description::equalFolded(part.name, name);
     });
     if (found != parts.end()) return opened({kind, static_cast<std::size_t>(found - parts.begin())});
     SetLastError(ERROR_NOT_FOUND);

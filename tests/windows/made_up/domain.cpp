@@ -9,7 +9,7 @@ namespace made_up {
 
 namespace {
 
-const described::DomainDescription& domain() {
+const description::DomainDescription& domain() {
     return machine().domain;
 }
 

@@ -5,14 +5,14 @@
 
 #include "call.h"
 #include "exports.h"
-#include "runtime/host/described/fold.h"
+#include "runtime/host/description/fold.h"
 
 namespace made_up {
 
 namespace {
 
-using described::GroupKind;
-using described::Scope;
+using description::GroupKind;
+using description::Scope;
 
 struct NameOnly {
     wchar_t* name;
@@ -37,7 +37,7 @@ host::Account accountAt(const Call& call, const std::wstring& name) {
     if (separator == std::wstring::npos)
         return directory().userNamed(call.scope(), name).value_or(host::Account{L"", name, {}});
     const std::wstring domain = name.substr(0, separator), user = name.substr(separator + 1);
-    const bool isComputer = described::equalFolded(domain, directory().label(Scope::computer));
+    const bool isComputer = description::equalFolded(domain, directory().label(Scope::computer));
     if (isComputer || !directory().isDomainName(domain)) return {domain, user, {}};
     const host::Account unknown{std::wstring(directory().label(Scope::domain)), user, {}};
     return directory().userNamed(Scope::domain, user).value_or(unknown);
@@ -45,14 +45,14 @@ host::Account accountAt(const Call& call, const std::wstring& name) {
 
 DWORD causeOf(const Call& call, GroupKind kind, const host::Account& user) {
     const auto& causes = call.groups(kind).accountCauses;
-    for (const std::wstring& key : {described::folded(user.name), std::wstring(L"*")}) {
+    for (const std::wstring& key : {description::folded(user.name), std::wstring(L"*")}) {
         const auto found = causes.find(key);
         if (found != causes.end()) return found->second.code;
     }
     return ERROR_SUCCESS;
 }
 
-DWORD groupNames(const Call& call, GroupKind kind, const host::Account& user, described::Reach reach,
+DWORD groupNames(const Call& call, GroupKind kind, const host::Account& user, description::Reach reach,
                  std::vector<std::wstring>& names) {
     const auto groups = directory().groupsOf(user, kind, reach);
     if (!groups) return NERR_UserNotFound;
@@ -111,7 +111,7 @@ NET_API_STATUS WINAPI KvxLocalGroupsOf(LPCWSTR server, LPCWSTR user, DWORD level
     if (level != 0) return ERROR_INVALID_LEVEL;
     if (flags != 0 && !isIndirect) return ERROR_INVALID_PARAMETER;
     std::vector<std::wstring> names;
-    const auto reach = isIndirect ? described::Reach::throughGlobalGroups : described::Reach::direct;
+    const auto reach = isIndirect ? description::Reach::throughGlobalGroups : description::Reach::direct;
     const DWORD code = groupNames(call, call.localGroups(), account, reach, names);
     if (code == ERROR_SUCCESS) giveNames(call, names, count, total, buffer);
     return code;
@@ -128,7 +128,7 @@ NET_API_STATUS WINAPI KvxGroupsOf(LPCWSTR server, LPCWSTR user, DWORD level, LPB
     if (std::wcschr(user, L'\\') != nullptr) return NERR_UserNotFound;
     std::vector<std::wstring> names;
     const DWORD code =
-        groupNames(call, GroupKind::global, accountAt(call, user), described::Reach::direct, names);
+        groupNames(call, GroupKind::global, accountAt(call, user), description::Reach::direct, names);
     if (code != ERROR_SUCCESS) return code;
     if (call.scope() == Scope::computer) names = {noGroup};
     giveNames(call, names, count, total, buffer);

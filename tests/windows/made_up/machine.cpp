@@ -4,7 +4,7 @@
 #include <cstdio>
 
 #include "quirks.h"
-#include "runtime/host/described/state.h"
+#include "runtime/host/description/state.h"
 #include "runtime/host/os.h"
 #include "runtime/host/utf.h"
 
@@ -21,7 +21,7 @@ void follow() {
     if (name == known) return;
     std::string file = host::toUtf8(name);
     std::replace(file.begin(), file.end(), '\\', '/');
-    const described::Mistakes mistakes = described::load(described::RealFiles(), file);
+    const description::Mistakes mistakes = description::load(description::RealFiles(), file);
     if (mistakes.any()) endProcess(mistakes.report());
     known = name;
     readQuirks(variable(L"KVX_MADE_UP_QUIRKS"));
@@ -29,15 +29,15 @@ void follow() {
 
 }  // namespace
 
-const described::Machine& machine() {
+const description::Machine& machine() {
     if (variable(L"KVX_MADE_UP_MACHINE").empty()) endProcess("KVX_MADE_UP_MACHINE names no description\n");
     follow();
-    return described::machine();
+    return description::machine();
 }
 
-const described::Directory& directory() {
+const description::Directory& directory() {
     machine();
-    return described::directory();
+    return description::directory();
 }
 
 std::wstring variable(const wchar_t* name) {

@@ -2,15 +2,15 @@
 
 /// The described machine for which the stand-in libraries answer.
 
-#include "runtime/host/described/directory.h"
-#include "runtime/host/described/machine.h"
+#include "runtime/host/description/directory.h"
+#include "runtime/host/description/machine.h"
 
 namespace made_up {
 
 /// What the description says that the environment variable KVX_MADE_UP_MACHINE names, read anew whenever it
 /// names another one. Without a description, or with a faulty one, the process ends (`endProcess`).
-const described::Machine& machine();
-const described::Directory& directory();
+const description::Machine& machine();
+const description::Directory& directory();
 
 /// A variable of the environment; empty where it is not set.
 std::wstring variable(const wchar_t* name);

@@ -3,15 +3,15 @@
 
 #include "call.h"
 #include "exports.h"
-#include "runtime/host/described/fold.h"
-#include "runtime/host/described/known_sids.h"
+#include "runtime/host/description/fold.h"
+#include "runtime/host/description/known_sids.h"
 
 namespace made_up {
 
 namespace {
 
-using described::GroupKind;
-using described::Scope;
+using description::GroupKind;
+using description::Scope;
 
 struct SidOnly {
     PSID sid;
@@ -24,22 +24,22 @@ struct NameOnly {
 std::optional<host::Account> groupNamed(GroupKind kind, const std::wstring& name) {
     for (std::uint64_t i = 0; i < directory().groupCount(kind); ++i) {
         const host::Account group = directory().group(kind, i);
-        if (described::equalFolded(group.name, name)) return group;
+        if (description::equalFolded(group.name, name)) return group;
     }
     return std::nullopt;
 }
 
 /// Who may not ask for the groups of an account may not read the members of groups either.
-described::ListCause causeOf(const Call& call, GroupKind kind) {
+description::ListCause causeOf(const Call& call, GroupKind kind) {
     const auto& causes = call.groups(kind).accountCauses;
-    return causes.empty() ? described::ListCause{} : described::ListCause{causes.begin()->second, 0};
+    return causes.empty() ? description::ListCause{} : description::ListCause{causes.begin()->second, 0};
 }
 
 /// The SID of a member, also of one from a domain of which nothing is described.
 host::Sid sidOf(const host::Account& member) {
     if (!member.sid.empty()) return member.sid;
-    return described::withRid(described::madeUpDomainSid(member.domain),
-                              described::madeUpDomainSid(member.name).subAuthorities[1]);
+    return description::withRid(description::madeUpDomainSid(member.domain),
+                              description::madeUpDomainSid(member.name).subAuthorities[1]);
 }
 
 std::uint64_t memberCount(GroupKind kind, const host::Account& group) {

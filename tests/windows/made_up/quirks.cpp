@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "machine.h"
-#include "runtime/host/described/source.h"
+#include "runtime/host/description/source.h"
 #include "runtime/host/utf.h"
 
 namespace made_up {
@@ -84,9 +84,9 @@ void readQuirks(const std::wstring& file) {
     quirks.clear();
     if (file.empty()) return;
     std::string why;
-    const auto bytes = described::RealFiles().read(host::toUtf8(file), why);
+    const auto bytes = description::RealFiles().read(host::toUtf8(file), why);
     if (!bytes) endProcess("the quirks cannot be read: " + why + "\n");
-    for (const std::wstring& line : described::linesOf(*bytes)) {
+    for (const std::wstring& line : description::linesOf(*bytes)) {
         const std::string text = host::toUtf8(line);
         if (text.empty()) continue;
         Quirk quirk;

@@ -16,7 +16,7 @@ namespace made_up {
 
 namespace {
 
-using described::Scope;
+using description::Scope;
 
 constexpr NTSTATUS someNotMapped = 0x00000107;
 constexpr NTSTATUS noneMapped = std::bit_cast<NTSTATUS>(0xC0000073U);
@@ -30,10 +30,10 @@ SID_NAME_USE useOf(const host::Account& account) {
     const host::Sid& sid = account.sid;
     if (sid.subAuthorityCount == 1) return SidTypeWellKnownGroup;
     for (const auto kind :
-         {described::GroupKind::local, described::GroupKind::domainLocal, described::GroupKind::global}) {
+         {description::GroupKind::local, description::GroupKind::domainLocal, description::GroupKind::global}) {
         for (std::uint64_t i = 0; i < directory().groupCount(kind); ++i) {
             if (!(directory().group(kind, i).sid == sid)) continue;
-            return kind == described::GroupKind::global ? SidTypeGroup : SidTypeAlias;
+            return kind == description::GroupKind::global ? SidTypeGroup : SidTypeAlias;
         }
     }
     return SidTypeUser;

@@ -14,7 +14,7 @@ constexpr DWORD userLevel = 1, groupLevel = 3;
 constexpr std::uint64_t mostAtOnce = 100;
 
 /// The last part of an account's SID, which is all that a list tells of it.
-DWORD ridOf(const host::Account& account, described::Scope scope) {
+DWORD ridOf(const host::Account& account, description::Scope scope) {
     const host::Sid& domain = directory().domainSid(scope);
     host::Sid expected = domain;
     const unsigned last = domain.subAuthorityCount;
@@ -32,7 +32,7 @@ DWORD flagsOf(const host::Account& user) {
 }
 
 DWORD giveUsers(const Call& call, DWORD index, std::uint64_t most, DWORD& count, BYTE** buffer) {
-    const described::Scope scope = call.scope();
+    const description::Scope scope = call.scope();
     const Part part = partOf(call, index, directory().userCount(scope), most, call.users().cause);
     if (!part.isThere()) return part.code;
     handOut<NET_DISPLAY_USER>(
@@ -57,11 +57,11 @@ void fillGroup(Records<NET_DISPLAY_GROUP>& groups, std::size_t i, const std::wst
 }
 
 DWORD giveGroups(const Call& call, DWORD index, std::uint64_t most, DWORD& count, BYTE** buffer) {
-    constexpr auto kind = described::GroupKind::global;
-    const bool isDomain = call.scope() == described::Scope::domain;
+    constexpr auto kind = description::GroupKind::global;
+    const bool isDomain = call.scope() == description::Scope::domain;
     const std::uint64_t total = isDomain ? directory().groupCount(kind) : 1;
     const Part part =
-        partOf(call, index, total, most, isDomain ? call.groups(kind).cause : described::ListCause{});
+        partOf(call, index, total, most, isDomain ? call.groups(kind).cause : description::ListCause{});
     if (!part.isThere()) return part.code;
     handOut<NET_DISPLAY_GROUP>(
         call, part,

@@ -18,7 +18,7 @@ namespace made_up {
 
 namespace {
 
-using described::VolumeDescription;
+using description::VolumeDescription;
 
 /// What stands behind the handle of a search.
 struct Search {
@@ -65,7 +65,7 @@ BOOL giveNext(Search& search, LPWSTR room, DWORD size) {
 HANDLE WINAPI findFirst(LPWSTR room, DWORD size) {
     if (const DWORD odd = oddityOf("FindFirstVolumeW", false).error; odd != ERROR_SUCCESS)
         return failed(odd, INVALID_HANDLE_VALUE);
-    const described::VolumeList& list = machine().volumes;
+    const description::VolumeList& list = machine().volumes;
     if (list.cause.any) return failed(list.cause.code, INVALID_HANDLE_VALUE);
     Search search;
     for (const auto& [name, volume] : list.volumes)

@@ -121,7 +121,7 @@ class StackGuard(InFolder):
         # Tests compile some of the sources once more, in their own way; the program's objects are below src.
         commands = {Path(entry["file"]).relative_to(ROOT): entry["command"].split() for entry in entries
                     if " -o src/" in entry["command"] and entry["file"].endswith(".cpp")}
-        for source in ("src/main/start.cpp", "src/runtime/host/windows/volumes.cpp", "catalog/english.cpp"):
+        for source in ("src/program/start.cpp", "src/runtime/host/windows/volumes.cpp", "catalog/english/english.cpp"):
             self.assertIn(Path(source), commands)
         for path, command in commands.items():
             with self.subTest(source=path):

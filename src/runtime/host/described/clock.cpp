@@ -1,17 +1,12 @@
 #include <time.h>
-#include <unistd.h>
 
-#include "runtime/host/described/state.h"
+#include "runtime/host/description/state.h"
 #include "runtime/host/host.h"
 
 namespace host {
 
-std::uint32_t processId() {
-    return static_cast<std::uint32_t>(getpid());
-}
-
 LocalTime localTime() {
-    if (described::machine().system.now) return *described::machine().system.now;
+    if (description::machine().system.now) return *description::machine().system.now;
     timespec now{};
     clock_gettime(CLOCK_REALTIME, &now);
     tm parts{};

@@ -1,12 +1,12 @@
-#include "runtime/host/described/state.h"
+#include "runtime/host/description/state.h"
 #include "runtime/host/host.h"
 
 namespace host {
 
 Answer<ClusterFacts> cluster() {
-    const std::optional<described::ClusterDescription>& description = described::machine().cluster;
+    const std::optional<description::ClusterDescription>& description = description::machine().cluster;
     if (!description) return Answer<ClusterFacts>::missing();
-    return description->cause.any ? described::answerOf<ClusterFacts>(description->cause)
+    return description->cause.any ? description::answerOf<ClusterFacts>(description->cause)
                                   : description->facts;
 }
 

@@ -4,10 +4,11 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <utility>
 
-#include "runtime/host/described/console.h"
+#include "runtime/host/described/native_files.h"
 #include "runtime/host/described/native_errors.h"
-#include "runtime/host/described/windows_path.h"
+#include "runtime/host/description/windows_path.h"
 #include "runtime/host/host.h"
 
 namespace host {
@@ -16,15 +17,14 @@ namespace {
 
 class NativeFile : public AppendedFile {
 public:
-    explicit NativeFile(int descriptor) : m_descriptor(descriptor) {}
-    ~NativeFile() override { close(m_descriptor); }
-    NativeFile(const NativeFile&) = delete;
-    NativeFile& operator=(const NativeFile&) = delete;
+    explicit NativeFile(described::Descriptor file) : m_file(std::move(file)) {}
 
-    bool append(std::string_view bytes) noexcept override { return described::writeAll(m_descriptor, bytes); }
+    bool append(std::string_view bytes) noexcept override {
+        return described::writeAll(m_file.number(), bytes);
+    }
 
 private:
-    int m_descriptor;
+    described::Descriptor m_file;
 };
 
 void rotate(const std::string& name, std::uint64_t rotateAbove, const std::string& rotatedName) {
@@ -38,12 +38,9 @@ void rotate(const std::string& name, std::uint64_t rotateAbove, const std::strin
 bool endsWithinALine(const std::string& name) {
     struct stat status {};
     if (stat(name.c_str(), &status) != 0 || !S_ISREG(status.st_mode) || status.st_size == 0) return false;
-    const int descriptor = open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (descriptor < 0) return false;
+    const described::Descriptor file(open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     char last = '\n';
-    const bool known = pread(descriptor, &last, 1, status.st_size - 1) == 1;
-    close(descriptor);
-    return known && last != '\n';
+    return file.number() >= 0 && pread(file.number(), &last, 1, status.st_size - 1) == 1 && last != '\n';
 }
 
 }  // namespace
@@ -51,18 +48,18 @@ bool endsWithinALine(const std::string& name) {
 Answer<std::unique_ptr<AppendedFile>> openForAppending(const std::wstring& name, std::uint64_t rotateAbove,
                                                        const std::wstring& rotatedName) {
     using Result = Answer<std::unique_ptr<AppendedFile>>;
-    if (described::isDescribedPath(name))
-        return described::answerOf<std::unique_ptr<AppendedFile>>(described::nativeCause(EACCES));
+    if (description::isDescribedPath(name))
+        return description::answerOf<std::unique_ptr<AppendedFile>>(described::nativeCause(EACCES));
     const std::string nativeName = described::nativeName(name);
     rotate(nativeName, rotateAbove, described::nativeName(rotatedName));
     const bool unfinished = endsWithinALine(nativeName);
     const int flags = O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK;
-    const int descriptor = open(nativeName.c_str(), flags, 0666);
-    if (descriptor < 0) {
+    described::Descriptor descriptor(open(nativeName.c_str(), flags, 0666));
+    if (descriptor.number() < 0) {
         const int error = errno == ENOENT ? ENOTDIR : errno;  // what can be missing is the directory
-        return described::answerOf<std::unique_ptr<AppendedFile>>(described::nativeCause(error));
+        return description::answerOf<std::unique_ptr<AppendedFile>>(described::nativeCause(error));
     }
-    auto file = std::make_unique<NativeFile>(descriptor);
+    auto file = std::make_unique<NativeFile>(std::move(descriptor));
     if (unfinished) file->append("\r\n");
     return Result(std::move(file));
 }

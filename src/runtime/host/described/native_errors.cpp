@@ -2,7 +2,7 @@
 
 #include <cerrno>
 
-#include "runtime/host/described/scanner.h"
+#include "runtime/host/description/scanner.h"
 
 namespace described {
 
@@ -32,8 +32,8 @@ std::uint32_t windowsCodeOf(int error) {
     return generalFailure;
 }
 
-Cause nativeCause(int error) {
-    return causeOf(windowsCodeOf(error));
+description::Cause nativeCause(int error) {
+    return description::causeOf(windowsCodeOf(error));
 }
 
 }  // namespace described

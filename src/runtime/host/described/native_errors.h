@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "runtime/host/described/machine.h"
+#include "runtime/host/description/machine.h"
 
 namespace described {
 
@@ -12,6 +12,6 @@ namespace described {
 std::uint32_t windowsCodeOf(int error);
 
 /// The cause that a failing call of this computer is.
-Cause nativeCause(int error);
+description::Cause nativeCause(int error);
 
 }  // namespace described

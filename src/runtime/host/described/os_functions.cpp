@@ -8,10 +8,11 @@
 #include <new>
 #include <string>
 
-#include "runtime/host/described/file_lookup.h"
+#include "runtime/host/description/file_lookup.h"
 #include "runtime/host/described/native_errors.h"
-#include "runtime/host/described/state.h"
-#include "runtime/host/described/windows_path.h"
+#include "runtime/host/described/native_files.h"
+#include "runtime/host/description/state.h"
+#include "runtime/host/description/windows_path.h"
 
 namespace {
 
@@ -31,14 +32,19 @@ constexpr std::size_t sidHeaderSize = 8;
 /// As on Windows, what ran before the program has left a code behind: only who resets it may ask for it.
 thread_local DWORD lastError = procedureNotFound;
 
+using Kind = host::Verdict::Kind;
+
+/// What the description has planned for this call: it is carried out as far as it concerns every call alike.
+host::Verdict planned(const wchar_t* operation, const wchar_t* subject = L"") {
+    host::Verdict verdict = description::failurePlan().next(operation, subject);
+    if (verdict.kind == Kind::throwForeign) throw host::ForeignException();
+    if (verdict.kind == Kind::fail) lastError = verdict.code;
+    return verdict;
+}
+
 /// Whether the description has planned that this call fails; the last error is then set.
 bool isPlannedToFail(const wchar_t* operation, const wchar_t* subject = L"") {
-    using Kind = described::PlannedOutcome::Kind;
-    const described::PlannedOutcome* outcome = described::failurePlan().next(operation, subject);
-    if (outcome == nullptr) return false;
-    if (outcome->kind == Kind::foreign) described::throwForeign();
-    if (outcome->kind == Kind::error) lastError = outcome->code;
-    return true;
+    return planned(operation, subject).kind != Kind::proceed;
 }
 
 BOOL fail(DWORD code) {
@@ -71,16 +77,16 @@ host::Sid sidAt(const void* memory) {
 
 /// The account of the current user, as the machine's groups know it.
 host::Account currentAccount() {
-    const described::Machine& machine = described::machine();
+    const description::Machine& machine = description::machine();
     const std::wstring& domain = machine.user.domain;
     return {domain.empty() ? machine.system.facts.computerName : domain, machine.user.name, {}};
 }
 
 bool currentUserHas(const host::Sid& sid) {
-    const described::Directory& directory = described::directory();
+    const description::Directory& directory = description::directory();
     for (const auto kind :
-         {described::GroupKind::local, described::GroupKind::domainLocal, described::GroupKind::global}) {
-        const auto groups = directory.groupsOf(currentAccount(), kind, described::Reach::throughAllGroups);
+         {description::GroupKind::local, description::GroupKind::domainLocal, description::GroupKind::global}) {
+        const auto groups = directory.groupsOf(currentAccount(), kind, description::Reach::throughAllGroups);
         if (!groups) continue;
         for (const host::Account& group : *groups) {
             if (group.sid == sid) return true;
@@ -119,14 +125,12 @@ void SetLastError(DWORD code) {
 }
 
 UINT GetWindowsDirectoryW(wchar_t* buffer, UINT size) {
-    const std::wstring& directory = described::machine().system.windowsDirectory;
+    const std::wstring& directory = description::machine().system.windowsDirectory;
     auto length = static_cast<UINT>(directory.size());
-    const described::PlannedOutcome* outcome = described::failurePlan().next(L"GetWindowsDirectoryW", L"");
-    if (outcome != nullptr && outcome->kind == described::PlannedOutcome::Kind::grows) {
-        length = std::max(length, outcome->characters - 1);
-    } else if (outcome != nullptr) {
-        if (outcome->kind == described::PlannedOutcome::Kind::foreign) described::throwForeign();
-        if (outcome->kind == described::PlannedOutcome::Kind::error) lastError = outcome->code;
+    const host::Verdict verdict = planned(L"GetWindowsDirectoryW");
+    if (verdict.kind == Kind::grow) {
+        length = std::max(length, verdict.characters - 1);
+    } else if (verdict.kind != Kind::proceed) {
         return 0;
     }
     if (buffer == nullptr || size <= length) {
@@ -140,8 +144,8 @@ UINT GetWindowsDirectoryW(wchar_t* buffer, UINT size) {
 BOOL DeleteFileW(const wchar_t* path) {
     if (path == nullptr) return fail(invalidParameter);
     if (isPlannedToFail(L"DeleteFileW", path)) return 0;
-    if (described::isDescribedPath(path)) {
-        const described::LookedUp found = described::lookUp(described::machine(), path);
+    if (description::isDescribedPath(path)) {
+        const description::LookedUp found = description::lookUp(description::machine(), path);
         return fail(found.cause.any          ? found.cause.code
                     : found.entry != nullptr ? accessDenied
                                              : fileNotFound);
@@ -155,7 +159,7 @@ BOOL DeleteFileW(const wchar_t* path) {
 BOOL GetUserNameW(wchar_t* buffer, DWORD* size) {
     if (isPlannedToFail(L"GetUserNameW")) return 0;
     if (size == nullptr) return fail(invalidParameter);
-    const std::wstring& name = described::machine().user.name;
+    const std::wstring& name = description::machine().user.name;
     const DWORD needed = static_cast<DWORD>(name.size()) + 1;
     const bool fits = buffer != nullptr && *size >= needed;
     *size = needed;
@@ -192,7 +196,7 @@ BOOL CheckTokenMembership(void* token, PSID sid, BOOL* isMember) {
     administrators.subAuthorities[1] = DOMAIN_ALIAS_RID_ADMINS;
     const host::Sid asked = sidAt(sid);
     const bool isOne =
-        asked == administrators ? described::machine().user.administrator : currentUserHas(asked);
+        asked == administrators ? description::machine().user.administrator : currentUserHas(asked);
     *isMember = isOne ? 1 : 0;
     return 1;
 }
@@ -206,14 +210,12 @@ int _wfopen_s(std::FILE** stream, const wchar_t* path, const wchar_t* mode) {
     if (stream == nullptr) return EINVAL;
     *stream = nullptr;
     if (path == nullptr || mode == nullptr) return EINVAL;
-    if (const described::PlannedOutcome* outcome = described::failurePlan().next(L"_wfopen_s", path)) {
-        if (outcome->kind == described::PlannedOutcome::Kind::foreign) described::throwForeign();
-        return outcome->code != 0 ? static_cast<int>(outcome->code) : EACCES;
-    }
+    const host::Verdict verdict = planned(L"_wfopen_s", path);
+    if (verdict.kind != Kind::proceed) return verdict.code != 0 ? static_cast<int>(verdict.code) : EACCES;
     const std::string native = nativeMode(mode);
     if (native.empty()) return EINVAL;
-    if (described::isDescribedPath(path)) {
-        const described::LookedUp found = described::lookUp(described::machine(), path);
+    if (description::isDescribedPath(path)) {
+        const description::LookedUp found = description::lookUp(description::machine(), path);
         return found.entry != nullptr || found.cause.any ? EACCES : ENOENT;
     }
     *stream = std::fopen(described::nativeName(path).c_str(), native.c_str());

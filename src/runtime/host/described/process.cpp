@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <exception>
 
-#include "runtime/host/described/state.h"
+#include "runtime/host/description/state.h"
 #include "runtime/host/host.h"
 #include "runtime/host/utf.h"
 
@@ -54,8 +54,8 @@ Process::Process(int argumentCount, char** arguments) {
     for (std::wstring& argument : m_arguments)
         m_pointers.push_back(argument.data());
     m_pointers.push_back(nullptr);
-    const described::Mistakes mistakes =
-        described::load(described::RealFiles(), described::descriptionName());
+    const description::Mistakes mistakes =
+        description::load(description::RealFiles(), description::descriptionName());
     if (!mistakes.any()) return;
     m_usable = false;
     std::fputs(mistakes.report().c_str(), stderr);
@@ -63,6 +63,10 @@ Process::Process(int argumentCount, char** arguments) {
 
 Process::~Process() {
     flushConsole();
+}
+
+std::uint32_t processId() {
+    return static_cast<std::uint32_t>(getpid());
 }
 
 }  // namespace host

@@ -1,9 +1,9 @@
 #include <algorithm>
 #include <string_view>
 
-#include "runtime/host/described/environment.h"
-#include "runtime/host/described/fold.h"
-#include "runtime/host/described/state.h"
+#include "runtime/host/description/environment.h"
+#include "runtime/host/description/fold.h"
+#include "runtime/host/description/state.h"
 #include "runtime/host/host.h"
 
 namespace host {
@@ -16,8 +16,8 @@ constexpr std::size_t longestKeyName = 255;
 
 /// A key, or why there is none.
 struct FoundKey {
-    const described::RegistryKey* key = nullptr;
-    described::Cause cause;
+    const description::RegistryKey* key = nullptr;
+    description::Cause cause;
 };
 
 bool hasTooLongName(std::wstring_view keyPath) {
@@ -31,12 +31,12 @@ bool hasTooLongName(std::wstring_view keyPath) {
 
 /// As on Windows, who may not read a key is told all the same that nothing stands below it.
 FoundKey findKey(const std::wstring& keyPath) {
-    static const described::RegistryKey hive;
+    static const description::RegistryKey hive;
     if (keyPath.empty()) return {&hive, {}};
     if (keyPath.starts_with(L'\\')) return {nullptr, {true, false, badPathName}};
     if (hasTooLongName(keyPath)) return {nullptr, {true, false, invalidParameter}};
-    const described::Registry& registry = described::machine().registry;
-    std::wstring path = described::folded(keyPath);
+    const description::Registry& registry = description::machine().registry;
+    std::wstring path = description::folded(keyPath);
     while (path.ends_with(L'\\'))
         path.pop_back();
     const auto found = registry.find(path);
@@ -67,29 +67,27 @@ std::uint32_t storedNumber(const std::string& bytes) {
     return number;
 }
 
-RegistryValue valueOf(const described::RegistryData& data) {
+RegistryValue valueOf(const description::RegistryData& data) {
     RegistryValue value;
     value.typeName = registryTypeName(data.type, data.bytes.size());
-    if (data.type == described::registryText) {
+    if (data.type == description::registryText) {
         value.kind = RegistryValue::Kind::text;
         value.text = storedText(data.bytes);
-    } else if (data.type == described::registryExpandedText) {
+    } else if (data.type == description::registryExpandedText) {
         value.kind = RegistryValue::Kind::text;
-        value.text = described::expanded(described::machine(), storedText(data.bytes));
-    } else if (data.type == described::registryNumber && data.bytes.size() == 4) {
+        value.text = description::expanded(description::machine(), storedText(data.bytes));
+    } else if (data.type == description::registryNumber && data.bytes.size() == 4) {
         value.kind = RegistryValue::Kind::number;
         value.number = storedNumber(data.bytes);
     }
     return value;
 }
 
-constexpr std::initializer_list<std::uint32_t> codesOfMissing = {2, 3};
-
 }  // namespace
 
 Answer<Done> registryKey(const std::wstring& keyPath) {
     const FoundKey found = findKey(keyPath);
-    if (found.cause.any) return described::answerOf<Done>(found.cause, codesOfMissing);
+    if (found.cause.any) return description::answerOf<Done>(found.cause, description::notThere);
     return found.key != nullptr ? Answer<Done>(Done{}) : Answer<Done>::missing();
 }
 
@@ -100,12 +98,12 @@ Answer<Done> registryValueExists(const std::wstring& keyPath, const std::wstring
 
 Answer<RegistryValue> registryValue(const std::wstring& keyPath, const std::wstring& valueName) {
     const FoundKey found = findKey(keyPath);
-    if (found.cause.any) return described::answerOf<RegistryValue>(found.cause, codesOfMissing);
+    if (found.cause.any) return description::answerOf<RegistryValue>(found.cause, description::notThere);
     if (found.key == nullptr) return Answer<RegistryValue>::missing();
-    const auto value = found.key->values.find(described::folded(valueName));
+    const auto value = found.key->values.find(description::folded(valueName));
     if (value == found.key->values.end()) return Answer<RegistryValue>::missing();
-    const described::Cause& cause = value->second.cause;
-    return cause.any ? described::answerOf<RegistryValue>(cause, codesOfMissing) : valueOf(value->second);
+    const description::Cause& cause = value->second.cause;
+    return cause.any ? description::answerOf<RegistryValue>(cause, description::notThere) : valueOf(value->second);
 }
 
 }  // namespace host

@@ -1,16 +1,16 @@
-#include "runtime/host/described/fold.h"
-#include "runtime/host/described/state.h"
+#include "runtime/host/description/fold.h"
+#include "runtime/host/description/state.h"
 #include "runtime/host/host.h"
 
 namespace host {
 
 Answer<ServiceFacts> service(const std::wstring& name) {
     constexpr std::uint32_t noSuchService = 1060;
-    const described::Machine& machine = described::machine();
-    const auto found = machine.services.find(described::folded(name));
+    const description::Machine& machine = description::machine();
+    const auto found = machine.services.find(description::folded(name));
     if (found == machine.services.end()) return Answer<ServiceFacts>::missing();
-    const described::Cause& cause = found->second.cause;
-    if (cause.any) return described::answerOf<ServiceFacts>(cause, {noSuchService});
+    const description::Cause& cause = found->second.cause;
+    if (cause.any) return description::answerOf<ServiceFacts>(cause, {noSuchService});
     ServiceFacts facts = found->second.facts;
     if (facts.imagePath.empty()) {
         facts.imagePath = machine.system.windowsDirectory + L"\\system32\\drivers\\" + name + L".sys";

@@ -1,29 +1,24 @@
-#include "runtime/host/described/state.h"
+#include "runtime/host/description/state.h"
 #include "runtime/host/host.h"
 
 namespace host {
 
 namespace {
 
-const described::SystemDescription& description() {
-    return described::machine().system;
+const description::SystemDescription& described() {
+    return description::machine().system;
 }
 
 }  // namespace
 
 Answer<SystemFacts> system() {
-    const described::Cause& cause = description().systemCause;
-    return cause.any ? described::answerOf<SystemFacts>(cause) : description().facts;
-}
-
-Answer<std::vector<AdapterFacts>> adapters() {
-    const described::Cause& cause = description().adaptersCause;
-    return cause.any ? described::answerOf<std::vector<AdapterFacts>>(cause) : description().adapters;
+    const description::Cause& cause = described().systemCause;
+    return cause.any ? description::answerOf<SystemFacts>(cause) : described().facts;
 }
 
 Answer<CodePageFacts> ansiCodePage() {
-    const described::Cause& cause = description().codePageCause;
-    return cause.any ? described::answerOf<CodePageFacts>(cause) : description().codePage;
+    const description::Cause& cause = described().codePageCause;
+    return cause.any ? description::answerOf<CodePageFacts>(cause) : described().codePage;
 }
 
 }  // namespace host

@@ -1,14 +1,14 @@
 #include <algorithm>
 
-#include "runtime/host/described/state.h"
+#include "runtime/host/description/state.h"
 #include "runtime/host/host.h"
 #include "runtime/host/volume_paths.h"
 
 namespace host {
 
 Answer<std::vector<VolumeFacts>> volumes() {
-    const described::VolumeList& list = described::machine().volumes;
-    if (list.cause.any) return described::answerOf<std::vector<VolumeFacts>>(list.cause);
+    const description::VolumeList& list = description::machine().volumes;
+    if (list.cause.any) return description::answerOf<std::vector<VolumeFacts>>(list.cause);
     std::vector<VolumeFacts> volumes;
     for (const auto& [name, volume] : list.volumes)
         volumes.push_back(volume.facts);

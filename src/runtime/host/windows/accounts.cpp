@@ -1,7 +1,7 @@
 #include "runtime/host/host.h"
 #include "runtime/host/windows/buffer.h"
+#include "runtime/host/windows/account_server.h"
 #include "runtime/host/windows/errors.h"
-#include "runtime/host/windows/group_accounts.h"
 #include "runtime/host/windows/sids.h"
 
 namespace host {
@@ -22,13 +22,13 @@ Answer<Account> without(DWORD code) {
 /// A bare name belongs to this computer; asked for as it stands, every trusted domain would be searched for
 /// it.
 Answer<Account> accountHere(const std::wstring& name) {
-    return windows::groupAccounts({}).one(name);
+    return windows::accountServer({}).group(name);
 }
 
 }  // namespace
 
 Answer<AccountDomain> accountDomain() {
-    return windows::groupAccounts({}).askDomain();
+    return windows::accountServer({}).domain();
 }
 
 Answer<Account> accountOfSid(const Sid& sid) {

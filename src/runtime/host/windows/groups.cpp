@@ -1,12 +1,16 @@
 #include "runtime/host/host.h"
+#include "runtime/host/windows/account_server.h"
 #include "runtime/host/windows/errors.h"
-#include "runtime/host/windows/group_accounts.h"
 #include "runtime/host/windows/net_api.h"
+#include "runtime/host/windows/sids.h"
 #include "runtime/host/windows/text.h"
 
 namespace host {
 
 namespace {
+
+/// No server returns more global groups at once.
+constexpr DWORD groupsOfPage = 100;
 
 using Names = std::vector<std::wstring>;
 using Accounts = std::vector<Account>;
@@ -23,8 +27,8 @@ std::optional<Names> namesOf(const windows::NetItems<Item>& list, DWORD count, w
 }
 
 /// The account's name as its own server takes it: an account from elsewhere needs its domain.
-std::wstring nameAt(const windows::GroupAccounts& groups, const Account& user) {
-    const AccountDomain& own = groups.domain();
+std::wstring nameAt(windows::AccountServer& server, const Account& user) {
+    const AccountDomain& own = server.domain().value;  // empty where it is not told
     const bool hasOwnName = user.domain.empty() || windows::equalIgnoringCase(user.domain, own.name);
     if (!hasOwnName) return user.domain + L'\\' + user.name;
     if (user.domain.empty() || user.sid.empty() || own.sid.empty() || own.has(user.sid)) return user.name;
@@ -67,22 +71,46 @@ Answer<AccountPage> localGroups(const AccountSource& source, std::uint64_t curso
     const auto names = namesOf(list, count, &LOCALGROUP_INFO_0::lgrpi0_name);
     if (!names) return windows::unanswered<AccountPage>(ERROR_INVALID_DATA);
     AccountPage page;
-    page.items = windows::groupAccounts(source.server).of(*names);
+    page.items = windows::accountServer(source.server).groups(*names);
     page.next = resume;
     page.nextIsHandle = true;
     page.more = code == ERROR_MORE_DATA;
     return page;
 }
 
+Answer<AccountPage> globalGroups(const AccountSource& source, std::uint64_t cursor) {
+    const Answer<AccountDomain>& domain = windows::accountServer(source.server).domainOfList(cursor);
+    if (!domain.found()) return Answer<AccountPage>::without(domain);
+
+    constexpr DWORD groupLevel = 3;
+    DWORD count = 0;
+    windows::NetItems<NET_DISPLAY_GROUP> list;
+    const DWORD code = windows::netApi().queryDisplayInformation.code(
+        windows::ServerName(source.server).get(), groupLevel, static_cast<DWORD>(cursor), groupsOfPage,
+        MAX_PREFERRED_LENGTH, &count, list.receive());
+    if (code != ERROR_SUCCESS && code != ERROR_MORE_DATA) return windows::unanswered<AccountPage>(code);
+    const auto groups = list.whole(count, &NET_DISPLAY_GROUP::grpi3_name);
+    if (!groups) return windows::unanswered<AccountPage>(ERROR_INVALID_DATA);
+    AccountPage page;
+    page.next = cursor;
+    page.more = code == ERROR_MORE_DATA;
+    for (const NET_DISPLAY_GROUP& group : *groups) {
+        page.next = group.grpi3_next_index;
+        page.items.push_back({domain.value.name, group.grpi3_name,
+                              windows::accountIn(domain.value.sid, group.grpi3_group_id)});
+    }
+    return page;
+}
+
 Answer<Accounts> localGroupsOf(const AccountSource& source, const Account& user) {
-    windows::GroupAccounts& groups = windows::groupAccounts(source.server);
-    const std::wstring name = nameAt(groups, user);
+    windows::AccountServer& server = windows::accountServer(source.server);
+    const std::wstring name = nameAt(server, user);
     Names names;
     DWORD code = localGroupNames(source.server, name, LG_INCLUDE_INDIRECT, names);
     // Who may not read the domain may still read this computer's own groups.
     if (code == ERROR_ACCESS_DENIED && source.server.empty())
         code = localGroupNames(source.server, name, 0, names);
-    return code == ERROR_SUCCESS ? groups.of(names) : without(code);
+    return code == ERROR_SUCCESS ? server.groups(names) : without(code);
 }
 
 Answer<Accounts> globalGroupsOf(const AccountSource& source, const Account& user) {
@@ -93,7 +121,7 @@ Answer<Accounts> globalGroupsOf(const AccountSource& source, const Account& user
                                              list.receive(), MAX_PREFERRED_LENGTH, &count, &total);
     if (code != ERROR_SUCCESS) return without(code);
     const auto names = namesOf(list, count, &GROUP_USERS_INFO_0::grui0_name);
-    return names ? windows::groupAccounts(source.server).of(*names) : without(ERROR_INVALID_DATA);
+    return names ? windows::accountServer(source.server).groups(*names) : without(ERROR_INVALID_DATA);
 }
 
 }  // namespace host

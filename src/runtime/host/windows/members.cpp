@@ -1,15 +1,11 @@
 #include "runtime/host/host.h"
 #include "runtime/host/windows/errors.h"
-#include "runtime/host/windows/list_domain.h"
 #include "runtime/host/windows/net_api.h"
 #include "runtime/host/windows/sids.h"
 
 namespace host {
 
 namespace {
-
-/// No server returns more at once.
-constexpr DWORD groupsOfPage = 100;
 
 /// Whether a code says that a page was read. A group that has vanished is "not there".
 bool isPage(DWORD code) {
@@ -23,30 +19,6 @@ Answer<AccountPage> without(DWORD code) {
 }
 
 }  // namespace
-
-Answer<AccountPage> globalGroups(const AccountSource& source, std::uint64_t cursor) {
-    const Answer<AccountDomain> domain = windows::domainOfList(source.server, cursor);
-    if (!domain.found()) return Answer<AccountPage>::without(domain);
-
-    constexpr DWORD groupLevel = 3;
-    DWORD count = 0;
-    windows::NetItems<NET_DISPLAY_GROUP> list;
-    const DWORD code = windows::netApi().queryDisplayInformation.code(
-        windows::ServerName(source.server).get(), groupLevel, static_cast<DWORD>(cursor), groupsOfPage,
-        MAX_PREFERRED_LENGTH, &count, list.receive());
-    if (!isPage(code)) return windows::unanswered<AccountPage>(code);
-    const auto groups = list.whole(count, &NET_DISPLAY_GROUP::grpi3_name);
-    if (!groups) return without(ERROR_INVALID_DATA);
-    AccountPage page;
-    page.next = cursor;
-    page.more = code == ERROR_MORE_DATA;
-    for (const NET_DISPLAY_GROUP& group : *groups) {
-        page.next = group.grpi3_next_index;
-        page.items.push_back({domain.value.name, group.grpi3_name,
-                              windows::accountIn(domain.value.sid, group.grpi3_group_id)});
-    }
-    return page;
-}
 
 Answer<AccountPage> localGroupMembers(const AccountSource& source, const Account& group,
                                       std::uint64_t cursor) {

@@ -1,6 +1,6 @@
 #include "runtime/host/host.h"
+#include "runtime/host/windows/account_server.h"
 #include "runtime/host/windows/errors.h"
-#include "runtime/host/windows/list_domain.h"
 #include "runtime/host/windows/net_api.h"
 #include "runtime/host/windows/sids.h"
 
@@ -41,7 +41,7 @@ DWORD readPart(const wchar_t* server, DWORD index, const AccountDomain& domain, 
 }  // namespace
 
 Answer<AccountPage> users(const AccountSource& source, std::uint64_t cursor) {
-    const Answer<AccountDomain> domain = windows::domainOfList(source.server, cursor);
+    const Answer<AccountDomain>& domain = windows::accountServer(source.server).domainOfList(cursor);
     if (!domain.found()) return Answer<AccountPage>::without(domain);
 
     AccountPage page;

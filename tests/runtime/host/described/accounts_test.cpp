@@ -1,5 +1,5 @@
-#include "machine_fixture.h"
-#include "runtime/host/described/scanner.h"
+#include "tests/runtime/host/description/machine_fixture.h"
+#include "runtime/host/description/scanner.h"
 #include "runtime/host/host.h"
 #include "runtime/host/paging.h"
 #include "tests/runtime/host/domain_named.h"
@@ -84,14 +84,14 @@ TEST_F(Accounts, WellKnownGroupsHaveTheirSids) {
         "Mine S-1-5-21-7-8-9-10 =\n");
     const auto page = host::localGroups({}, 0);
     EXPECT_EQ(names(page.value.items), (Names{L"BUILTIN\\Administrators", L"BUILTIN\\Users", L"WS01\\Mine"}));
-    EXPECT_EQ(described::sidText(page.value.items[0].sid), L"S-1-5-32-544");
-    EXPECT_EQ(described::sidText(page.value.items[1].sid), L"S-1-5-32-545");
-    EXPECT_EQ(described::sidText(page.value.items[2].sid), L"S-1-5-21-7-8-9-10");
+    EXPECT_EQ(description::sidText(page.value.items[0].sid), L"S-1-5-32-544");
+    EXPECT_EQ(description::sidText(page.value.items[1].sid), L"S-1-5-32-545");
+    EXPECT_EQ(description::sidText(page.value.items[2].sid), L"S-1-5-21-7-8-9-10");
 }
 
 TEST_F(Accounts, GivenDomainSidsCount) {
     describe("[system]\ncomputer = WS01\nsid = S-1-5-21-1-2-3\n[users]\nGuest\n");
-    EXPECT_EQ(described::sidText(host::users({}, 0).value.items[0].sid), L"S-1-5-21-1-2-3-501");
+    EXPECT_EQ(description::sidText(host::users({}, 0).value.items[0].sid), L"S-1-5-21-1-2-3-501");
 }
 
 TEST_F(Accounts, ComeInPages) {
@@ -126,10 +126,10 @@ TEST_F(Accounts, MembersOfLocalGroupsAreKnownBySidWhereTheyHaveOne) {
     EXPECT_TRUE(page.value.items[0].sid == staff.sid);
     EXPECT_EQ(page.value.items[0].name, L"");
     EXPECT_EQ(names({page.value.items[1]}), Names{L"CORP\\eva"});
-    EXPECT_EQ(described::sidText(page.value.items[2].sid), L"S-1-5-21-6-6-6-7");
+    EXPECT_EQ(description::sidText(page.value.items[2].sid), L"S-1-5-21-6-6-6-7");
     EXPECT_EQ(names({page.value.items[3]}), Names{L"other\\bob"});
-    EXPECT_EQ(described::sidText(page.value.items[4].sid), L"S-1-1-0");
-    EXPECT_EQ(described::sidText(page.value.items[5].sid), L"S-1-5-32-544");
+    EXPECT_EQ(description::sidText(page.value.items[4].sid), L"S-1-1-0");
+    EXPECT_EQ(description::sidText(page.value.items[5].sid), L"S-1-5-32-544");
     EXPECT_TRUE(host::localGroupMembers({L"DC01"}, {L"CORP", L"Staff", {}}, 0).isMissing());
     EXPECT_EQ(host::localGroupMembers({}, {L"BUILTIN", L"Administrators", {}}, 0).value.items.size(), 2U);
 }
@@ -174,17 +174,17 @@ TEST_F(Accounts, WhereAnAccountIsRefusedSoAreTheMembers) {
 
 TEST_F(Accounts, QuestionsToAnotherComputerAreCounted) {
     describe(domain);
-    EXPECT_EQ(described::remoteQuestions(), 0U);
+    EXPECT_EQ(description::remoteQuestions(), 0U);
     host::membership();
     host::users({}, 0);
     host::localGroupsOf({}, {L"FS01", L"local", {}});
     host::accountOfName(L"FS01\\local");
-    EXPECT_EQ(described::remoteQuestions(), 0U);
+    EXPECT_EQ(description::remoteQuestions(), 0U);
     host::users({L"DC01"}, 0);
     host::localGroupsOf({}, {L"CORP", L"ada", {}});
     host::accountOfName(L"CORP\\ada");
     host::domainController(domainNamed(L"CORP"), false, false);
-    EXPECT_EQ(described::remoteQuestions(), 4U);
+    EXPECT_EQ(description::remoteQuestions(), 4U);
 }
 
 TEST_F(Accounts, GeneratedUsersAreMadeUpPageByPage) {
@@ -258,7 +258,7 @@ TEST_F(Accounts, MembersBySid) {
     describe(std::string(domain) + "Orphans = S-1-5-21-1-2-3-9999, S-1-5-21-9-9-9-9\n");
     EXPECT_EQ(groupsOf(L"CORP", L"carla"), Names{L"FS01\\Orphans"});
     host::Account bySid;
-    bySid.sid = *described::sidOf(L"S-1-5-21-1-2-3-9999");
+    bySid.sid = *description::sidOf(L"S-1-5-21-1-2-3-9999");
     EXPECT_EQ(names(host::localGroupsOf({}, bySid).value), Names{L"FS01\\Orphans"});
 }
 
@@ -268,7 +268,7 @@ TEST_F(Accounts, GroupsOfSomebodyUnknown) {
          {host::Account{L"CORP", L"nobody", {}}, host::Account{L"FS01", L"ada", {}},
           host::Account{L"OTHER", L"ada", {}}, host::Account{}}) {
         const auto answer = host::localGroupsOf({}, account);
-        EXPECT_TRUE(answer.isMissing()) << described::sidText(account.sid);
+        EXPECT_TRUE(answer.isMissing()) << description::sidText(account.sid);
     }
 }
 
@@ -357,8 +357,8 @@ TEST_F(Accounts, LookUps) {
     EXPECT_TRUE(host::accountOfName(L"FS01\\ada").isMissing());
     EXPECT_TRUE(host::accountOfName(L"OTHER\\ada").isMissing());
     EXPECT_TRUE(host::accountOfName(L"").isMissing());
-    EXPECT_EQ(host::accountOfSid(*described::sidOf(L"S-1-5-18")).value.name, L"SYSTEM");
-    EXPECT_TRUE(host::accountOfSid(*described::sidOf(L"S-1-5-21-9-9-9-9")).isMissing());
+    EXPECT_EQ(host::accountOfSid(*description::sidOf(L"S-1-5-18")).value.name, L"SYSTEM");
+    EXPECT_TRUE(host::accountOfSid(*description::sidOf(L"S-1-5-21-9-9-9-9")).isMissing());
     EXPECT_TRUE(host::accountOfSid(host::Sid()).isMissing());
 }
 
@@ -377,7 +377,7 @@ TEST_F(Accounts, ClearEmptiesAList) {
 }
 
 TEST(Sid, ComparesWhatCounts) {
-    host::Sid one = *described::sidOf(L"S-1-5-21-1-2-3");
+    host::Sid one = *description::sidOf(L"S-1-5-21-1-2-3");
     host::Sid other = one;
     other.subAuthorities[10] = 7;
     EXPECT_TRUE(one == other);
@@ -386,8 +386,8 @@ TEST(Sid, ComparesWhatCounts) {
     EXPECT_FALSE(one == other);
     EXPECT_TRUE(one < other);
     EXPECT_FALSE(other < one);
-    EXPECT_TRUE(*described::sidOf(L"S-1-5-21-1-2") < one);
-    EXPECT_TRUE(*described::sidOf(L"S-1-4-99") < one);
+    EXPECT_TRUE(*description::sidOf(L"S-1-5-21-1-2") < one);
+    EXPECT_TRUE(*description::sidOf(L"S-1-4-99") < one);
     other.subAuthorityCount = 200;
     EXPECT_FALSE(one == other);
     EXPECT_TRUE(one < other);
@@ -396,12 +396,12 @@ TEST(Sid, ComparesWhatCounts) {
 TEST(SidText, ThereAndBack) {
     for (const wchar_t* text : {L"S-1-5-32-544", L"S-1-1-0", L"S-1-5-21-4294967295-0-1-2",
                                 L"S-1-281474976710655-1", L"S-1-5-1-2-3-4-5-6-7-8-9-10-11-12-13-14-15"}) {
-        ASSERT_TRUE(described::sidOf(text)) << text;
-        EXPECT_EQ(described::sidText(*described::sidOf(text)), text);
+        ASSERT_TRUE(description::sidOf(text)) << text;
+        EXPECT_EQ(description::sidText(*description::sidOf(text)), text);
     }
     for (const wchar_t* text :
          {L"", L"S-1-5", L"S-1-", L"S-1-5-", L"S-1-5-32-", L"S-2-5-32", L"S-1-5-4294967296", L"S-1-5--1",
           L"S-1-5-1-2-3-4-5-6-7-8-9-10-11-12-13-14-15-16", L"S-1-281474976710656-1"}) {
-        EXPECT_FALSE(described::sidOf(text)) << text;
+        EXPECT_FALSE(description::sidOf(text)) << text;
     }
 }

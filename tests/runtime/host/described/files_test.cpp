@@ -1,6 +1,6 @@
 #include <fstream>
 
-#include "machine_fixture.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 #include "runtime/host/host.h"
 
 namespace {
@@ -136,7 +136,7 @@ TEST_F(Files, ContentsFromAFileBeside) {
     std::filesystem::create_directory("m");
     std::ofstream("m/machine.txt") << "[contents C:\\q]\nfrom = raw.bin\n";
     std::ofstream("m/raw.bin", std::ios::binary) << std::string("a\0\xFF\n", 4);
-    EXPECT_EQ(described::load(described::RealFiles(), "m").report(), "");
+    EXPECT_EQ(description::load(description::RealFiles(), "m").report(), "");
     EXPECT_EQ(host::fileContents(L"C:\\q", 10).value, std::string("a\0\xFF\n", 4));
 }
 

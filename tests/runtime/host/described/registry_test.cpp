@@ -1,6 +1,6 @@
 #include <fstream>
 
-#include "machine_fixture.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 #include "runtime/host/host.h"
 
 namespace {
@@ -188,6 +188,6 @@ TEST_F(Registry, ExportsInUtf16) {
         bytes += static_cast<char>(unit >> 8);
     }
     std::ofstream("a.reg", std::ios::binary) << bytes;
-    EXPECT_EQ(described::load(described::RealFiles(), ".").report(), "");
+    EXPECT_EQ(description::load(description::RealFiles(), ".").report(), "");
     EXPECT_EQ(host::registryValue(L"A", L"x").value.text, L"\u20AC");
 }

@@ -1,4 +1,4 @@
-#include "machine_fixture.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 #include "runtime/host/host.h"
 
 namespace {

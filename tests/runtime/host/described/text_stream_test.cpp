@@ -1,7 +1,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "machine_fixture.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 #include "runtime/host/described/os_functions.h"
 
 namespace {

@@ -1,0 +1,288 @@
+#include <algorithm>
+
+#include "runtime/host/description/fold.h"
+#include "runtime/host/description/section.h"
+
+/// [volumes], [cluster] and [services].
+
+namespace description {
+
+namespace {
+
+// --- Volumes -----------------------------------------------------------------------------------------------
+
+struct TypeName {
+    std::wstring_view name;
+    host::DriveType type;
+};
+
+constexpr TypeName typeNames[] = {
+    {L"fixed", host::DriveType::fixed},     {L"removable", host::DriveType::removable},
+    {L"network", host::DriveType::network}, {L"optical", host::DriveType::optical},
+    {L"ram", host::DriveType::ramDisk},     {L"unknown", host::DriveType::unknown},
+};
+
+/// A device name that stays the same for the same volume.
+std::wstring madeUpDevice(std::wstring_view name) {
+    std::uint64_t hash = 0xCBF29CE484222325U;
+    for (const wchar_t unit : name)
+        hash = (hash ^ static_cast<std::uint32_t>(unit)) * 0x100000001B3U;
+    constexpr wchar_t digits[] = L"0123456789abcdef";
+    std::wstring text = L"\\\\?\\Volume{5f1c3a20-";
+    for (unsigned int index = 0; index < 8; ++index) {
+        if (index == 4) text += L'-';
+        text += digits[(hash >> (4U * index)) & 0xFU];
+    }
+    return text + L"-8d41-806e6f6e6963}\\";
+}
+
+/// "C:", or a device name; false for anything else.
+bool readVolumeName(std::wstring_view name, host::VolumeFacts& facts) {
+    if (name.size() == 2 && name[1] == L':') {
+        const wchar_t letter = folded(name)[0];
+        if (letter < L'a' || letter > L'z') return false;
+        facts.letter = static_cast<wchar_t>(letter - L'a' + L'A');
+        facts.device = madeUpDevice(folded(name));
+        return true;
+    }
+    if (!name.starts_with(L"\\\\?\\") || name.size() < 6) return false;
+    facts.device = name;
+    if (!facts.device.ends_with(L'\\')) facts.device += L'\\';
+    return true;
+}
+
+void failWith(const Cause& cause, VolumeDescription& volume) {
+    volume.cause = cause;
+    volume.facts.fileSystem = answerOf<std::wstring>(cause);
+    volume.facts.label = answerOf<std::wstring>(cause);
+    volume.facts.sizeBytes = answerOf<std::uint64_t>(cause);
+    volume.facts.freeBytes = answerOf<std::uint64_t>(cause);
+}
+
+void readFolders(std::wstring_view text, host::VolumeFacts& facts) {
+    while (!text.empty()) {
+        const std::size_t end = text.find(L'|');
+        std::wstring folder(trimmed(text.substr(0, end)));
+        if (!folder.empty() && !folder.ends_with(L'\\')) folder += L'\\';
+        if (!folder.empty()) facts.folders.push_back(std::move(folder));
+        text.remove_prefix(end == std::wstring_view::npos ? text.size() : end + 1);
+    }
+    std::sort(facts.folders.begin(), facts.folders.end());
+}
+
+/// What follows the type, in any order: a file system, a label in quotes, a size, "free SIZE", a cause,
+/// "paths CAUSE"; "folders ..." last. False for what is none of them.
+bool readVolumeDetail(Scanner& scanner, VolumeDescription& volume) {
+    host::VolumeFacts& facts = volume.facts;
+    if (const auto label = scanner.quotedText()) {
+        facts.label = *label;
+    } else if (const auto cause = scanner.cause()) {
+        failWith(*cause, volume);
+    } else if (const auto size = scanner.size()) {
+        facts.sizeBytes = *size;
+    } else if (scanner.take(L"free")) {
+        const auto free = scanner.size();
+        if (!free) return false;
+        facts.freeBytes = *free;
+    } else if (scanner.take(L"folders")) {
+        readFolders(scanner.rest(), facts);
+        scanner = Scanner({});
+    } else if (scanner.take(L"paths")) {
+        const auto unanswered = scanner.cause();
+        if (!unanswered) return false;
+        facts.paths = answerOf<host::Done>(*unanswered);
+    } else if (scanner.take(L"device")) {
+        facts.device = scanner.word();
+        return !facts.device.empty();
+    } else if (scanner.nextWord().front() == L'"' || facts.fileSystem.found()) {
+        return false;
+    } else {
+        facts.fileSystem = std::wstring(scanner.word());
+    }
+    return true;
+}
+
+void parseVolume(Parsing& parsing, const Item& item, const Setting& setting) {
+    constexpr const char* example = ", expected one like C: = fixed NTFS \"System\" 100 GB free 40 GB";
+    VolumeDescription volume;
+    volume.facts.label = std::wstring();
+    if (!readVolumeName(setting.name, volume.facts)) {
+        parsing.mistakes.add(item.place, quoted(setting.name) + " is no volume" + example);
+        return;
+    }
+    Scanner scanner(setting.value);
+    const auto* type = std::find_if(std::begin(typeNames), std::end(typeNames),
+                                    [&](const TypeName& known) { return scanner.take(known.name); });
+    if (type == std::end(typeNames)) {
+        parsing.mistakes.add(
+            item.place, quoted(setting.value) +
+                            " begins with no type of drive, expected fixed, removable, network, optical, "
+                            "ram or unknown");
+        return;
+    }
+    volume.facts.type = type->type;
+    while (!scanner.atEnd()) {
+        const std::wstring rest(scanner.rest());
+        if (!readVolumeDetail(scanner, volume)) {
+            parsing.mistakes.add(item.place, quoted(rest) + " tells nothing about a volume" + example);
+            return;
+        }
+    }
+    parsing.machine.volumes.volumes[setting.key] = std::move(volume);
+}
+
+// --- Cluster -----------------------------------------------------------------------------------------------
+
+/// The states that the system tells, without regard to case; nothing for others.
+template <std::size_t count>
+std::wstring_view stateAtEnd(std::wstring_view text, const std::wstring_view (&states)[count]) {
+    for (const std::wstring_view state : states) {
+        if (text.size() < state.size() + 2) continue;
+        const std::size_t begin = text.size() - state.size();
+        if (equalFolded(text.substr(begin), state) && text[begin - 1] == L' ') return state;
+    }
+    return {};
+}
+
+/// A node or group of the same name is replaced.
+template <class Part>
+void putPart(std::vector<Part>& parts, Part part) {
+    const auto known = std::find_if(parts.begin(), parts.end(),
+                                    [&](const Part& other) { return equalFolded(other.name, part.name); });
+    if (known == parts.end()) {
+        parts.push_back(std::move(part));
+    } else {
+        *known = std::move(part);
+    }
+}
+
+void readNode(Parsing& parsing, const Item& item, std::wstring_view value, host::ClusterFacts& facts) {
+    static constexpr std::wstring_view states[] = {L"up", L"down", L"paused", L"joining", L"unknown"};
+    const std::wstring_view state = stateAtEnd(value, states);
+    if (state.empty()) {
+        parsing.mistakes.add(
+            item.place,
+            quoted(value) + " is no node, expected NAME and up, down, paused, joining or unknown");
+        return;
+    }
+    host::ClusterNode node;
+    node.name = trimmed(value.substr(0, value.size() - state.size()));
+    node.state = state;
+    putPart(facts.nodes, std::move(node));
+}
+
+/// "Cluster Group owner NODE1 online".
+void readClusterGroup(Parsing& parsing, const Item& item, std::wstring_view value,
+                      host::ClusterFacts& facts) {
+    static constexpr std::wstring_view states[] = {L"partly online", L"online",  L"offline",
+                                                   L"failed",        L"pending", L"unknown"};
+    const std::wstring_view state = stateAtEnd(value, states);
+    if (state.empty()) {
+        parsing.mistakes.add(item.place, quoted(value) +
+                                             " is no group, expected NAME [owner NODE] and online, offline, "
+                                             "failed, partly online, pending or unknown");
+        return;
+    }
+    host::ClusterGroup group;
+    group.state = state;
+    std::wstring_view name = trimmed(value.substr(0, value.size() - state.size()));
+    const std::size_t owner = folded(name).rfind(L" owner ");
+    if (owner != std::wstring_view::npos) {
+        group.owner = trimmed(name.substr(owner + 7));
+        name = trimmed(name.substr(0, owner));
+    }
+    group.name = name;
+    putPart(facts.groups, std::move(group));
+}
+
+void parseClusterItem(Parsing& parsing, const Item& item, ClusterDescription& cluster) {
+    if (isCause(item)) {
+        const auto line = causeLineOf(item, parsing.mistakes);
+        if (line) cluster.cause = line->cause;
+        return;
+    }
+    const auto setting = settingOf(item, parsing.mistakes, "one like node = NODE1 up");
+    if (!setting) return;
+    if (setting->key == L"name") {
+        cluster.facts.name = setting->value;
+    } else if (setting->key == L"node") {
+        readNode(parsing, item, setting->value, cluster.facts);
+    } else if (setting->key == L"group") {
+        readClusterGroup(parsing, item, setting->value, cluster.facts);
+    } else {
+        parsing.mistakes.add(item.place,
+                             "unknown setting " + quoted(setting->name) + ", expected name, node or group");
+    }
+}
+
+// --- Services ----------------------------------------------------------------------------------------------
+
+constexpr std::wstring_view serviceStates[] = {L"running",      L"stopped",          L"start pending",
+                                               L"stop pending", L"continue pending", L"pause pending",
+                                               L"paused"};
+
+void parseService(Parsing& parsing, const Item& item, const Setting& setting) {
+    for (const std::wstring_view state : serviceStates) {
+        const std::wstring_view value = setting.value;
+        if (!equalFolded(value.substr(0, state.size()), state)) continue;
+        if (value.size() > state.size() && value[state.size()] != L' ') continue;
+        ServiceDescription service;
+        service.facts.state = state;
+        service.facts.running = state == L"running";
+        service.facts.imagePath = trimmed(value.substr(state.size()));
+        parsing.machine.services[setting.key] = std::move(service);
+        return;
+    }
+    parsing.mistakes.add(item.place,
+                         quoted(setting.value) +
+                             " begins with no state, expected running, stopped, paused, start pending, stop "
+                             "pending, continue pending or pause pending, then the path of the image");
+}
+
+void parseServiceItem(Parsing& parsing, const Item& item) {
+    if (isCause(item)) {
+        const auto line = causeLineOf(item, parsing.mistakes);
+        if (line) parsing.machine.services[folded(line->what)].cause = line->cause;
+        return;
+    }
+    if (const auto removed = removedName(item)) {
+        parsing.machine.services.erase(folded(*removed));
+        return;
+    }
+    const auto setting = settingOf(
+        item, parsing.mistakes, "one like rkhsmdrv = running C:\\Windows\\system32\\drivers\\rkhsmdrv.sys");
+    if (setting) parseService(parsing, item, *setting);
+}
+
+void parseVolumeItem(Parsing& parsing, const Item& item) {
+    if (isCause(item)) {
+        const auto line = causeLineOf(item, parsing.mistakes);
+        if (line) parsing.machine.volumes.cause = line->cause;
+        return;
+    }
+    if (const auto removed = removedName(item)) {
+        parsing.machine.volumes.volumes.erase(folded(*removed));
+        return;
+    }
+    const auto setting =
+        settingOf(item, parsing.mistakes, "one like C: = fixed NTFS \"System\" 100 GB free 40 GB");
+    if (setting) parseVolume(parsing, item, *setting);
+}
+
+}  // namespace
+
+void parseVolumes(Parsing& parsing, const Section& section) {
+    forEachItem(section, [&](const Item& item) { parseVolumeItem(parsing, item); });
+}
+
+void parseCluster(Parsing& parsing, const Section& section) {
+    if (!parsing.machine.cluster) parsing.machine.cluster.emplace();
+    forEachItem(section,
+                [&](const Item& item) { parseClusterItem(parsing, item, *parsing.machine.cluster); });
+}
+
+void parseServices(Parsing& parsing, const Section& section) {
+    forEachItem(section, [&](const Item& item) { parseServiceItem(parsing, item); });
+}
+
+}  // namespace description
