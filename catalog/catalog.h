@@ -4,8 +4,8 @@
 
 #include <cstddef>
 
-#include "catalog/inserts.h"
 #include "catalog/conversion.h"
+#include "catalog/inserts.h"
 
 namespace catalog {
 
@@ -38,8 +38,8 @@ constexpr char insertKindOf(conversion::Kind kind) {
     }
 }
 
-/// Whether the conversions of `text` are exactly `kinds` in their order, nothing else in it looks like a conversion,
-/// and every unit stands alone (no unit above U+FFFF, which would not be a UTF-16 unit).
+/// Whether the conversions of `text` are exactly `kinds` in their order, nothing else in it looks like a
+/// conversion, and every unit stands alone (no unit above U+FFFF, which would not be a UTF-16 unit).
 constexpr bool takesExactly(const wchar_t* text, const char* kinds) {
     for (const wchar_t* at = text; *at != L'\0';) {
         if ((static_cast<unsigned long>(*at) >> 16) != 0) return false;

@@ -1,7 +1,7 @@
 #pragma once
 
-/// The conversions of a printf-style format, read by one parser that serves both the formatter at run time and the
-/// catalog's check when it is compiled.
+/// The conversions of a printf-style format, read by one parser that serves both the formatter at run time
+/// and the catalog's check when it is compiled.
 
 #include <cstddef>
 
@@ -79,8 +79,8 @@ constexpr Kind kindOf(wchar_t letter) {
 
 }  // namespace detail
 
-/// The conversion that begins at `percent` (which points at a '%'). `kind` is `none` where the text is no known
-/// conversion: there is no "%n", no "*", no floating point.
+/// The conversion that begins at `percent` (which points at a '%'). `kind` is `none` where the text is no
+/// known conversion: there is no "%n", no "*", no floating point.
 constexpr Conversion parse(const wchar_t* percent) {
     Conversion found;
     const wchar_t* at = percent + 1;

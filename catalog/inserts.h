@@ -1,8 +1,8 @@
 #pragma once
 
-/// Every message identifier of the product that this program shows, with the kinds of its inserts in their order:
-/// 's' a text, 'u' an unsigned 32-bit number, 'c' a single character. A catalog in any language is checked against
-/// this table when it is compiled, and so is every place that builds a message.
+/// Every message identifier of the product that this program shows, with the kinds of its inserts in their
+/// order: 's' a text, 'u' an unsigned 32-bit number, 'c' a single character. A catalog in any language is
+/// checked against this table when it is compiled, and so is every place that builds a message.
 
 namespace catalog {
 

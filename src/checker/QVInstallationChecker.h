@@ -13,13 +13,13 @@
 class QVQuotaFile;
 class QVSidQuota;
 
-/// A report returns its text and sets its flag: 0, or 1 when it found something wrong. Every failure is logged and
-/// turned into a line of the report; a `QVErrno` leaves a method only where its comment says so. One source file holds
-/// one group of reports, named after its keyword.
+/// A report returns its text and sets its flag: 0, or 1 when it found something wrong. Every failure is
+/// logged and turned into a line of the report; a `QVErrno` leaves a method only where its comment says so.
+/// One source file holds one group of reports, named after its keyword.
 class QVInstallationChecker {
 public:
-    /// Settles the installation paths and the lists of expected files, and removes an old report file. Failures are
-    /// logged; none is thrown.
+    /// Settles the installation paths and the lists of expected files, and removes an old report file.
+    /// Failures are logged; none is thrown.
     QVInstallationChecker();
     /// Frees the lists and closes the report file.
     ~QVInstallationChecker();
@@ -28,13 +28,13 @@ public:
 
     // --- The report file and the one way out for report text (report_file.cpp) ---
 
-    /// Opens "check_installation.txt" in the current directory, without what it held before. Returns whether it is open
-    /// now; failures are logged.
+    /// Opens "check_installation.txt" in the current directory, without what it held before. Returns whether
+    /// it is open now; failures are logged.
     bool mf_implOpenFile();
     bool mf_isFileOpen() const { return m_reportFile != nullptr; }
 
-    /// Writes `text` as it stands to the report file, when it is open, and to the console; in the file a character above
-    /// U+00FF becomes "?". Output that cannot be written ends nothing.
+    /// Writes `text` as it stands to the report file, when it is open, and to the console; in the file a
+    /// character above U+00FF becomes "?". Output that cannot be written ends nothing.
     void mf_implPrint(const CString& text);
 
     // --- Installation (installdir.cpp, files.cpp) ---
@@ -43,7 +43,8 @@ public:
 
     /// `foundCount`, `missingCount` and `problem` describe the base package; the monitor package is optional.
     const CString mf_checkInstallationFiles(int* foundCount, int* missingCount, int* problem);
-    /// Checks one file and appends its line to one of the texts; increments one of the counters; sets `*exists`.
+    /// Checks one file and appends its line to one of the texts; increments one of the counters; sets
+    /// `*exists`.
     /// `*problem` is set to 1 when the file is not known to exist, and never reset.
     void mf_checkInstallationFile(const CString& installDir, const CString& fileName, int* exists,
                                   int* problem, CString& missingText, CString& foundText, int* foundCount,
@@ -74,8 +75,8 @@ public:
 
     const CString mf_getDomainInfos(int& problem);
 
-    /// These print by themselves, in errors-only mode only when something failed. A `QVErrno` of the membership test
-    /// or of a list without a handler leaves them.
+    /// These print by themselves, in errors-only mode only when something failed. A `QVErrno` of the
+    /// membership test or of a list without a handler leaves them.
     void implDo_domusers(int errorsOnly);
     void implDo_locgroups(int errorsOnly);
     void implDo_domgroups(int errorsOnly);
@@ -103,7 +104,8 @@ private:
     CString mf_implPluginPath();
     void mf_implListFiles(const CString& signatureFile, const CString& driverFile, const CString& pluginFile);
 
-    /// What the check of one package gave: its part of the report, its counts, and 1 when a file is not known to exist.
+    /// What the check of one package gave: its part of the report, its counts, and 1 when a file is not known
+    /// to exist.
     struct CheckedPackage {
         CString text;
         int foundCount = 0;

@@ -8,8 +8,8 @@
 
 #include "runtime/base/CString.h"
 
-/// Texts in order. A line can also be "the first units of the running text", which only grows: reports that repeat
-/// all they had before stay linear in memory, and print the same bytes as copies would.
+/// Texts in order. A line can also be "the first units of the running text", which only grows: reports that
+/// repeat all they had before stay linear in memory, and print the same bytes as copies would.
 class ReportLines {
 public:
     void add(const CString& line) { m_lines.emplace_back(line); }

@@ -13,8 +13,8 @@ void log(const wchar_t* format, const QVErrno& error) {
     writeLog(QVLogData::LEVEL_E, originator, format, QVLog::TAB, error);
 }
 
-// Each step below returns whether the next one is worth trying. Some handlers add their line before they log, some
-// after: should the second one fail, that tells which of the two stands.
+// Each step below returns whether the next one is worth trying. Some handlers add their line before they log,
+// some after: should the second one fail, that tells which of the two stands.
 
 bool start(CString& result, int& problem) {
     try {

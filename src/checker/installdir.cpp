@@ -17,8 +17,8 @@ namespace {
 /// The one originator that carries quotation marks.
 const wchar_t* const constructorName = L"\"QVInstallationChecker::QVInstallationChecker\"";
 
-/// Makes room for `size` units, all zero. False when there is no such room; a size whose bytes overflow 32 bits is one
-/// for which there is none.
+/// Makes room for `size` units, all zero. False when there is no such room; a size whose bytes overflow 32
+/// bits is one for which there is none.
 bool allocate(std::wstring& buffer, UINT size) {
     if (size > std::numeric_limits<UINT>::max() / 2) return false;
     try {
@@ -164,7 +164,8 @@ CString QVInstallationChecker::mf_getWindowsDirectory() {
     return CString(buffer.c_str());
 }
 
-/// The file of an earlier run would pass for this run's; where its existence cannot be told, it is taken to exist.
+/// The file of an earlier run would pass for this run's; where its existence cannot be told, it is taken to
+/// exist.
 void QVInstallationChecker::mf_implRemoveOldReport() {
     if (reportFileExists(constructorName, true) && !DeleteFileW(reportFileName)) {
         writeLog(QVLogData::LEVEL_E, constructorName, L"Failure deleting old file '%s'\r\n%scontinuing...",

@@ -69,7 +69,8 @@ bool addLocalGroups(QVUser& user, ReportLines& lines, const wchar_t* originator)
     return true;
 }
 
-/// Fills `users` with the domain's users, with none outside of a domain. Returns whether they could be listed.
+/// Fills `users` with the domain's users, with none outside of a domain. Returns whether they could be
+/// listed.
 bool listDomainUsers(OwnedArray<QVUser>& users, ReportLines& lines, const wchar_t* originator) {
     if (!QVDomainController::mf_isJoined()) {
         lines.appendToRunningText(QVString(3044));
@@ -82,8 +83,8 @@ bool listDomainUsers(OwnedArray<QVUser>& users, ReportLines& lines, const wchar_
     return false;
 }
 
-/// As `addLocalGroups`, for a domain user and the domain-local groups. The lines of the groups repeat all of the running text, which
-/// goes on from user to user.
+/// As `addLocalGroups`, for a domain user and the domain-local groups. The lines of the groups repeat all of
+/// the running text, which goes on from user to user.
 bool addDomainLocalGroups(QVUser& user, ReportLines& lines, const wchar_t* originator) {
     const CString userName = user.mf_getFullName();
     writeLog(QVLogData::LEVEL_D, originator, L"Doing user: '%s'", userName);

@@ -43,7 +43,8 @@ constexpr Wording api = {
     L"Found Pelmora API version: '%s'",
 };
 
-/// The version that stands in `key`, or the text that stands for it. Returns whether the value exists, readable or not.
+/// The version that stands in `key`, or the text that stands for it. Returns whether the value exists,
+/// readable or not.
 bool readVersion(const Wording& wording, const CString& key, CString& version, int* problem) {
     const CString name = registry::versionValue;
     bool exists = false;

@@ -19,8 +19,8 @@ inline CString logged(const QVErrno& error) {
 
 }  // namespace detail
 
-/// One record of the trace log. `originator` is the full name of the function that writes it. An error stands for its
-/// text, which is taken after the language was set.
+/// One record of the trace log. `originator` is the full name of the function that writes it. An error stands
+/// for its text, which is taken after the language was set.
 template <class... Inserts>
 void writeLog(const QVLogData& level, const wchar_t* originator, const wchar_t* format,
               const Inserts&... inserts) noexcept {

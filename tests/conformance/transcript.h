@@ -30,8 +30,8 @@ private:
     CString m_text;
 };
 
-/// Asks and writes the line `operation subject... -> answer`. An exception is an answer too: "QVErrno" with the
-/// value of its category and its text. The records that the question left in the log stand behind.
+/// Asks and writes the line `operation subject... -> answer`. An exception is an answer too: "QVErrno" with
+/// the value of its category and its text. The records that the question left in the log stand behind.
 void ask(const wchar_t* operation, const std::vector<Subject>& subjects,
          const std::function<CString()>& question);
 

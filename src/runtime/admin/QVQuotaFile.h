@@ -25,7 +25,8 @@ public:
     /// The file is not read before `mf_parse`.
     explicit QVQuotaFile(const CString& path);
 
-    /// The file for the runtime's own needs, at the path of `mf_getConfigFileName`: no operation of the program.
+    /// The file for the runtime's own needs, at the path of `mf_getConfigFileName`: no operation of the
+    /// program.
     QVQuotaFile();
 
     /// Forgets everything read so far, as after a parse that failed.

@@ -6,8 +6,8 @@
 #include "runtime/base/CString.h"
 #include "runtime/base/QVErrno.h"
 #include "runtime/host/host.h"
-#include "runtime/util/ListedAccounts.h"
 #include "runtime/util/DomainSession.h"
+#include "runtime/util/ListedAccounts.h"
 
 namespace {
 

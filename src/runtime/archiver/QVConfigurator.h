@@ -8,8 +8,8 @@
 
 class QVConfigurator {
 public:
-    /// A new configurator for `backend`; given back by `mf_deleteInstance`. Throws `QVErrno` when the version of the
-    /// installed backup API cannot be determined from the registry.
+    /// A new configurator for `backend`; given back by `mf_deleteInstance`. Throws `QVErrno` when the version
+    /// of the installed backup API cannot be determined from the registry.
     static QVConfigurator* mf_createInstance(const QVBackend& backend);
 
     /// Destroys the configurator (a null pointer is none). May throw `QVErrno`; it is destroyed all the same.

@@ -9,8 +9,8 @@
 
 #include "runtime/base/format.h"
 
-/// A string of UTF-16 units, one in each `wchar_t` on every platform (also where `wchar_t` is wider). Text becomes
-/// bytes only where it leaves the program. Never holds a NUL unit: a text pointer shows all of it.
+/// A string of UTF-16 units, one in each `wchar_t` on every platform (also where `wchar_t` is wider). Text
+/// becomes bytes only where it leaves the program. Never holds a NUL unit: a text pointer shows all of it.
 class CString {
 public:
     CString() = default;
@@ -38,8 +38,8 @@ public:
     /// As `Compare`, with the letters of `MakeLower` taken as equal in both cases.
     int CompareNoCase(const CString& other) const;
 
-    /// Lower-cases, upper-cases in place: Latin, Greek and Cyrillic letters, the same on every platform and in
-    /// every locale.
+    /// Lower-cases, upper-cases in place: Latin, Greek and Cyrillic letters, the same on every platform and
+    /// in every locale.
     void MakeLower();
     void MakeUpper();
 

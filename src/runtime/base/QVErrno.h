@@ -31,9 +31,9 @@ public:
     QVErrnoData(const QVErrnoData&) = default;
     QVErrnoData& operator=(const QVErrnoData&) = default;
 
-    /// Sets the message of `target` to the product message `messageKey` ("QRM27047E") with the text pointers `inserts`;
-    /// where all of them are empty the message that was there stands behind the key. The four numbers tell the place in
-    /// the source that raises the message; nothing shows them.
+    /// Sets the message of `target` to the product message `messageKey` ("QRM27047E") with the text pointers
+    /// `inserts`; where all of them are empty the message that was there stands behind the key. The four
+    /// numbers tell the place in the source that raises the message; nothing shows them.
     template <class... Inserts>
     static void mf_setMessage(QVErrnoData& target, const wchar_t* messageKey, unsigned int, unsigned int,
                               unsigned int, unsigned int, const Inserts&... inserts) {
@@ -71,7 +71,8 @@ public:
     };
 
     QVErrno(const QVErrnoData& data) : m_data(data) {}
-    /// `systemError`: a code as `GetLastError` returns it; its system text becomes part of the error's text. 0: none.
+    /// `systemError`: a code as `GetLastError` returns it; its system text becomes part of the error's text.
+    /// 0: none.
     QVErrno(const QVErrnoData& data, unsigned long systemError);
     QVErrno(const QVErrno&) = default;
     QVErrno& operator=(const QVErrno&) = default;
@@ -79,16 +80,16 @@ public:
 
     const QVErrnoData& mf_getData() const { return m_data; }
 
-    /// The whole error in one line: message, originator message, then "system error N: its text". Never throws; where
-    /// memory lacks even for the text, the text is empty.
+    /// The whole error in one line: message, originator message, then "system error N: its text". Never
+    /// throws; where memory lacks even for the text, the text is empty.
     const CString mf_toString() const noexcept;
 
 private:
     QVErrnoData m_data;
 };
 
-/// Throws a `QVErrno` of `category`. `what` says, as part of a sentence, what could not be done; `systemError` is 0 or
-/// the operating system's code.
+/// Throws a `QVErrno` of `category`. `what` says, as part of a sentence, what could not be done;
+/// `systemError` is 0 or the operating system's code.
 [[noreturn]] void raise(const QVErrnoValue& category, const CString& what, std::uint32_t systemError = 0);
 
 /// The same for a failure that the host answered: category `System` with its code, or the host's own words.

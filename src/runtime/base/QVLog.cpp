@@ -49,7 +49,8 @@ bool isControl(wchar_t unit) {
     return unit < 0x20 || (unit >= 0x7F && unit < 0xA0) || reorders;
 }
 
-/// An insert as the log shows it: its line breaks lead to continuation lines, its control characters are visible.
+/// An insert as the log shows it: its line breaks lead to continuation lines, its control characters are
+/// visible.
 std::wstring harmless(const std::wstring& insert) {
     std::wstring safe;
     for (std::size_t i = 0; i < insert.size(); ++i) {

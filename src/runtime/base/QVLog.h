@@ -28,10 +28,11 @@ public:
     /// Begins every continuation line of a record: four blanks.
     static const wchar_t* const TAB;
 
-    /// Appends one record: time, process, level, `originator` and the formatted text, and hands it to the operating system. Does
-    /// nothing before the log was started, after it was stopped, and for a level that is not enabled. Line breaks that
-    /// come with an insert are led by TAB, its other control characters are shown as "\xNN": no insert can forge a
-    /// record. Never throws; a record that cannot be written is lost, and the next one begins on a line of its own.
+    /// Appends one record: time, process, level, `originator` and the formatted text, and hands it to the
+    /// operating system. Does nothing before the log was started, after it was stopped, and for a level that
+    /// is not enabled. Line breaks that come with an insert are led by TAB, its other control characters are
+    /// shown as "\xNN": no insert can forge a record. Never throws; a record that cannot be written is lost,
+    /// and the next one begins on a line of its own.
     template <class... Inserts>
     static void mf_writeMessage(const QVLogData& level, const wchar_t* originator, const wchar_t* format,
                                 const Inserts&... inserts) noexcept {
@@ -47,9 +48,9 @@ public:
     /// Whether operations are recorded (level T).
     static bool traces() noexcept { return isEnabled(QVLogData::LEVEL_T); }
 
-    /// Opens the log under `fileName` in the current directory. A file of more than 8 MiB is renamed first, "x.log" to
-    /// "x.old.log". The enabled levels are the registry value "LogLevel" of this program, else S, E, W and I. Throws
-    /// `QVErrno` when it cannot be opened. Called by `QVMain` only, as is `stop`.
+    /// Opens the log under `fileName` in the current directory. A file of more than 8 MiB is renamed first,
+    /// "x.log" to "x.old.log". The enabled levels are the registry value "LogLevel" of this program, else S,
+    /// E, W and I. Throws `QVErrno` when it cannot be opened. Called by `QVMain` only, as is `stop`.
     static void start(const CString& fileName);
     static void stop() noexcept;
 

@@ -6,8 +6,8 @@
 
 class QVPath {
 public:
-    /// Non-zero when a file or directory of that name exists, with or without "\" at its end. A path that is refused is
-    /// an error, not "not there".
+    /// Non-zero when a file or directory of that name exists, with or without "\" at its end. A path that is
+    /// refused is an error, not "not there".
     static int mf_exists(const CString& path);
 
     /// The full path of `path`, "." and ".." resolved; nothing need exist there.

@@ -1,7 +1,7 @@
 #pragma once
 
-/// The registry: HKEY_LOCAL_MACHINE in its 64-bit view. Key paths and value names come without a leading hive name.
-/// Every operation throws `QVErrno` when the registry cannot be asked; "not there" is an answer.
+/// The registry: HKEY_LOCAL_MACHINE in its 64-bit view. Key paths and value names come without a leading hive
+/// name. Every operation throws `QVErrno` when the registry cannot be asked; "not there" is an answer.
 
 #include "runtime/base/CString.h"
 #include "runtime/host/os.h"
@@ -14,7 +14,8 @@ public:
     /// Non-zero when the value exists; 0 when the key or the value is missing.
     static int mf_exists(const CString& valueName, const CString& keyPath, HKEY root);
 
-    /// Reads a 32-bit value (REG_DWORD). Throws also when it is missing or of another type; `value` is then unchanged.
+    /// Reads a 32-bit value (REG_DWORD). Throws also when it is missing or of another type; `value` is then
+    /// unchanged.
     static void mf_getValue(const CString& valueName, unsigned long& value, const CString& keyPath,
                             HKEY root);
 

@@ -7,8 +7,8 @@
 #include "catalog/inserts.h"
 #include "runtime/base/CString.h"
 
-/// A message identifier that is known, when it is compiled, to take inserts of these types. An identifier that does
-/// not exist or takes other inserts does not compile.
+/// A message identifier that is known, when it is compiled, to take inserts of these types. An identifier
+/// that does not exist or takes other inserts does not compile.
 template <class... Inserts>
 class MessageId {
 public:
@@ -34,13 +34,13 @@ private:
     unsigned int m_id;
 };
 
-/// The finished text of one message of the catalog, in the thread's language (`QVThreadContext`; English is the only one yet). Made to be read at
-/// once: build it, take or append its text, let it go.
+/// The finished text of one message of the catalog, in the thread's language (`QVThreadContext`; English is
+/// the only one yet). Made to be read at once: build it, take or append its text, let it go.
 class QVString {
 public:
-    /// The text of message `id` with `inserts` formatted into it in order: texts, unsigned 32-bit numbers, single
-    /// characters. A catalog without a text for `id` gives "[id|insert|insert...]": numbers decimal, a character as
-    /// itself. Never fails but for lack of memory.
+    /// The text of message `id` with `inserts` formatted into it in order: texts, unsigned 32-bit numbers,
+    /// single characters. A catalog without a text for `id` gives "[id|insert|insert...]": numbers decimal, a
+    /// character as itself. Never fails but for lack of memory.
     template <class... Inserts>
     QVString(MessageId<std::type_identity_t<Inserts>...> id, const Inserts&... inserts)
         : QVString(id.value(), {FormatArgument(inserts)...}) {}

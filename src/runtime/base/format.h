@@ -8,8 +8,8 @@
 class CString;
 class QVString;
 
-/// One argument of a format: a text, a whole number or a single character. Refers to the caller's text and lives
-/// no longer than the call.
+/// One argument of a format: a text, a whole number or a single character. Refers to the caller's text and
+/// lives no longer than the call.
 class FormatArgument {
 public:
     enum class Kind { text, number, character };
@@ -45,9 +45,10 @@ private:
     const wchar_t* m_text = L"";
 };
 
-/// The finished text of `format` with `count` arguments taken in order. "%s" takes wide text; "%%" is a percent sign.
-/// An argument is shown by its own kind even where the conversion asks for another. A conversion without an argument,
-/// or one that the program does not know, is copied as it stands. There is no length cap.
+/// The finished text of `format` with `count` arguments taken in order. "%s" takes wide text; "%%" is a
+/// percent sign. An argument is shown by its own kind even where the conversion asks for another. A
+/// conversion without an argument, or one that the program does not know, is copied as it stands. There is no
+/// length cap.
 std::wstring formatWith(const wchar_t* format, const FormatArgument* arguments, std::size_t count);
 
 /// The same with the arguments given one by one.
@@ -61,6 +62,6 @@ std::wstring formatText(const wchar_t* format, const Arguments&... arguments) {
     }
 }
 
-/// One argument as `conversion` letters would show it without width or flags: text as it is, a number in decimal, a
-/// character as itself.
+/// One argument as `conversion` letters would show it without width or flags: text as it is, a number in
+/// decimal, a character as itself.
 std::wstring plainText(const FormatArgument& argument);

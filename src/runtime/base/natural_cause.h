@@ -27,8 +27,8 @@ CString unknownFact(const host::Answer<Value>& answer, const CString& unknown = 
     return text + CString(systemErrorPhrase(failure.code));
 }
 
-/// Records at level W why an operation answers "failed" instead of throwing: the report shows that there is no answer,
-/// the log keeps the reason.
+/// Records at level W why an operation answers "failed" instead of throwing: the report shows that there is
+/// no answer, the log keeps the reason.
 template <class Value>
 void logNaturalCause(const wchar_t* operationName, const host::Answer<Value>& answer, const CString& what) {
     QVLog::mf_writeMessage(QVLogData::LEVEL_W, operationName, L"%s", reasonText(answer, what));

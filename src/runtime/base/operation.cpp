@@ -23,7 +23,8 @@ bool begin(const wchar_t* name, const CString& subject) {
     switch (verdict.kind) {
         case host::Verdict::Kind::answerZero: return true;
         case host::Verdict::Kind::throwForeign: throw host::ForeignException();
-        case host::Verdict::Kind::fail: raise(QVErrnoValue(verdict.category), CString(verdict.text), verdict.code);
+        case host::Verdict::Kind::fail:
+            raise(QVErrnoValue(verdict.category), CString(verdict.text), verdict.code);
         default: return false;
     }
 }

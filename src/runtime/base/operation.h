@@ -8,8 +8,8 @@
 
 namespace operation {
 
-/// Whether anybody wants to know of operations: the trace log at level T, or a described machine with failures
-/// planned. Set by the log and at first use; everything else costs one branch.
+/// Whether anybody wants to know of operations: the trace log at level T, or a described machine with
+/// failures planned. Set by the log and at first use; everything else costs one branch.
 inline bool observed = true;
 
 namespace detail {
@@ -42,10 +42,11 @@ CString subjectText(const CString& folder, const CString& name);
 ///
 ///     if (operation::answersZero(L"QVRegistry::mf_exists", keyPath, valueName)) return 0;
 ///
-/// Writes the record of level T (originator `name`, text the subject) and lets the described machine decide: true
-/// when the operation is to answer 0 (nothing, an empty text) at once. Throws what the machine has planned: a
-/// `QVErrno`, or `host::ForeignException`. The subject is nothing, a text, a number, a folder and a name in it, or
-/// a function that makes the text; it is made only for an operation that somebody wants to know of.
+/// Writes the record of level T (originator `name`, text the subject) and lets the described machine decide:
+/// true when the operation is to answer 0 (nothing, an empty text) at once. Throws what the machine has
+/// planned: a `QVErrno`, or `host::ForeignException`. The subject is nothing, a text, a number, a folder and
+/// a name in it, or a function that makes the text; it is made only for an operation that somebody wants to
+/// know of.
 template <class... Subject>
 inline bool answersZero(const wchar_t* name, const Subject&... subject) {
     return observed && detail::isObserved(name) && detail::begin(name, detail::subjectText(subject...));

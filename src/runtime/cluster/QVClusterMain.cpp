@@ -4,7 +4,8 @@
 #include "runtime/base/operation.h"
 #include "runtime/host/host.h"
 
-// The cluster is described when a report asks for it (`QVCluster`); nothing is held open between start and stop.
+// The cluster is described when a report asks for it (`QVCluster`); nothing is held open between start and
+// stop.
 
 void QVClusterMain::mf_createInstance() {
     if (operation::answersZero(L"QVClusterMain::mf_createInstance")) return;

@@ -1,7 +1,7 @@
 #pragma once
 
-/// The cluster singleton. Every start throws `QVErrno` on failure; stopping what never started is harmless, on a machine
-/// without a cluster too.
+/// The cluster singleton. Every start throws `QVErrno` on failure; stopping what never started is harmless,
+/// on a machine without a cluster too.
 class QVClusterMain {
 public:
     static void mf_createInstance();

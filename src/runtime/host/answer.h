@@ -1,6 +1,7 @@
 #pragma once
 
-/// What the operating system answers: the thing; not there; refused; failed with a code. The four are never blurred.
+/// What the operating system answers: the thing; not there; refused; failed with a code. The four are never
+/// blurred.
 
 #include <cstdint>
 #include <string>
@@ -16,8 +17,8 @@ struct Failure {
     std::wstring text;       ///< what the host itself has to say about it, may be empty
 };
 
-/// The answer to one question. `value` is meaningful only when the status is `found`; `failure` only when it is
-/// `refused` or `failed`.
+/// The answer to one question. `value` is meaningful only when the status is `found`; `failure` only when it
+/// is `refused` or `failed`.
 template <class Value>
 struct Answer {
     Status status = Status::missing;

@@ -1,6 +1,7 @@
 #pragma once
 
-/// The nouns of the seam: what the runtime learns from the operating system. Texts are UTF-16 units in `wchar_t`.
+/// The nouns of the seam: what the runtime learns from the operating system. Texts are UTF-16 units in
+/// `wchar_t`.
 
 #include <array>
 #include <cstdint>
@@ -12,7 +13,8 @@
 
 namespace host {
 
-// --- Registry -------------------------------------------------------------------------------------------------------
+// --- Registry
+// -------------------------------------------------------------------------------------------------------
 
 struct RegistryValue {
     enum class Kind { text, number, other };
@@ -22,11 +24,13 @@ struct RegistryValue {
     std::wstring typeName;     ///< the type as Windows names it ("REG_BINARY"), for messages
 };
 
-/// The name of a type as Windows has it ("REG_BINARY"); for a number of another size than four bytes with that size
+/// The name of a type as Windows has it ("REG_BINARY"); for a number of another size than four bytes with
+/// that size
 /// ("REG_DWORD of 1 byte").
 std::wstring registryTypeName(std::uint32_t type, std::size_t size);
 
-// --- Files ----------------------------------------------------------------------------------------------------------
+// --- Files
+// ----------------------------------------------------------------------------------------------------------
 
 enum class FileKind { file, directory };
 
@@ -35,7 +39,8 @@ struct FileVersion {
     std::uint16_t major = 0, minor = 0, build = 0, revision = 0;
 };
 
-// --- System ---------------------------------------------------------------------------------------------------------
+// --- System
+// ---------------------------------------------------------------------------------------------------------
 
 struct LocalTime {
     int year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0, millisecond = 0;
@@ -67,10 +72,11 @@ struct CodePageFacts {
     std::wstring name;  ///< "ANSI - Latin I"; may be empty
 };
 
-// --- Accounts -------------------------------------------------------------------------------------------------------
+// --- Accounts
+// -------------------------------------------------------------------------------------------------------
 
-/// A security identifier in the system's own binary layout: its first `8 + 4 * subAuthorityCount` bytes are what
-/// Windows calls a SID.
+/// A security identifier in the system's own binary layout: its first `8 + 4 * subAuthorityCount` bytes are
+/// what Windows calls a SID.
 struct Sid {
     static constexpr unsigned maximumSubAuthorities = 15;
     std::uint8_t revision = 1;
@@ -83,8 +89,8 @@ struct Sid {
     bool operator<(const Sid& other) const;
 };
 
-/// A user or a group. Without a name the system could not resolve it: only the SID is known. Without a SID it could
-/// not be looked up: only the name is known.
+/// A user or a group. Without a name the system could not resolve it: only the SID is known. Without a SID it
+/// could not be looked up: only the name is known.
 struct Account {
     std::wstring domain;  ///< "CORP", the computer's name, "BUILTIN"
     std::wstring name;
@@ -93,7 +99,8 @@ struct Account {
     bool operator==(const Account& other) const = default;
 };
 
-/// The domain of the accounts that a machine keeps by itself: its own, or, of a domain controller, its domain.
+/// The domain of the accounts that a machine keeps by itself: its own, or, of a domain controller, its
+/// domain.
 struct AccountDomain {
     std::wstring name;
     Sid sid;
@@ -124,7 +131,8 @@ struct Membership {
     std::wstring dnsDomainName;  ///< may be empty
 };
 
-// --- Volumes --------------------------------------------------------------------------------------------------------
+// --- Volumes
+// --------------------------------------------------------------------------------------------------------
 
 enum class DriveType { unknown, fixed, removable, network, optical, ramDisk };
 
@@ -141,7 +149,8 @@ struct VolumeFacts {
     Answer<std::uint64_t> freeBytes;
 };
 
-// --- Cluster --------------------------------------------------------------------------------------------------------
+// --- Cluster
+// --------------------------------------------------------------------------------------------------------
 
 struct ClusterNode {
     std::wstring name;
@@ -161,7 +170,8 @@ struct ClusterFacts {
     std::vector<ClusterGroup> groups;
 };
 
-// --- Services -------------------------------------------------------------------------------------------------------
+// --- Services
+// -------------------------------------------------------------------------------------------------------
 
 struct ServiceFacts {
     bool running = false;

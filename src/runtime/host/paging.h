@@ -1,7 +1,7 @@
 #pragma once
 
-/// The loop over pages, written once: plain C++ over a fetch function, so that every hostile sequence of answers can be
-/// tried everywhere.
+/// The loop over pages, written once: plain C++ over a fetch function, so that every hostile sequence of
+/// answers can be tried everywhere.
 
 #include <cstdint>
 #include <utility>
@@ -10,7 +10,8 @@
 
 namespace host {
 
-/// Four times what the program is made for: a list that goes on is taken for one that a broken server makes up.
+/// Four times what the program is made for: a list that goes on is taken for one that a broken server makes
+/// up.
 inline constexpr std::uint64_t mostItems = 1U << 22U;
 
 /// Notices a list that goes nowhere: pages that come again, at once or round in a circle.
@@ -53,11 +54,11 @@ private:
     std::uint64_t m_repeated = 0;  // how often the last page came again
 };
 
-/// Hands every item of a paged list to `take`, in order. `fetch(cursor)` answers `Answer<Page<Item>>`; it is called with
-/// 0 first. Returns how the list ended: `found` when it was read to its end; else the first answer that was no page.
-/// A page that promises more but makes no progress (an empty page, a cursor that stands still or goes round in a circle,
-/// a page that comes again and again) ends the list as `failed`, and so do more than `limit` items: nothing
-/// loops for ever. Items taken before a failure stay taken.
+/// Hands every item of a paged list to `take`, in order. `fetch(cursor)` answers `Answer<Page<Item>>`; it is
+/// called with 0 first. Returns how the list ended: `found` when it was read to its end; else the first
+/// answer that was no page. A page that promises more but makes no progress (an empty page, a cursor that
+/// stands still or goes round in a circle, a page that comes again and again) ends the list as `failed`, and
+/// so do more than `limit` items: nothing loops for ever. Items taken before a failure stay taken.
 template <class Item, class Fetch, class Take>
 Answer<Done> readPages(Fetch fetch, Take take, std::uint64_t limit = mostItems) {
     std::uint64_t cursor = 0;

@@ -9,8 +9,8 @@
 
 namespace host {
 
-/// Gives the volume its letter and its folders, from all paths at which it is mounted ("C:\", "C:\mnt\data\"), in any
-/// order. A drive beyond the first stands among the folders.
+/// Gives the volume its letter and its folders, from all paths at which it is mounted ("C:\",
+/// "C:\mnt\data\"), in any order. A drive beyond the first stands among the folders.
 void mountAt(std::vector<std::wstring> paths, VolumeFacts& volume);
 
 /// Lettered volumes by letter, then those in folders only by the first of them, then the rest by device.

@@ -33,8 +33,8 @@ host::Answer<host::AccountSource> locate(bool again) {
     return host::AccountSource{name.value};
 }
 
-/// Whether a code says that the other computer was not reached, does not go on, or is not the one that it was taken
-/// for. Any other code is an answer of its.
+/// Whether a code says that the other computer was not reached, does not go on, or is not the one that it was
+/// taken for. Any other code is an answer of its.
 bool saysLost(std::uint32_t code) {
     static constexpr std::uint32_t codes[] = {
         51,   53,   54,   55,   59,   64,   67,          // network name, path, adapter, connection

@@ -1,7 +1,7 @@
 #pragma once
 
-/// What a report knows of the domain while it runs: membership, controller, the accounts last listed. One at a time,
-/// started and stopped by `QVDomainController`.
+/// What a report knows of the domain while it runs: membership, controller, the accounts last listed. One at
+/// a time, started and stopped by `QVDomainController`.
 
 #include <memory>
 
@@ -16,21 +16,21 @@ public:
     /// Throws `QVErrno` before the start, as do all below.
     static void requireStarted();
 
-    /// Whether and where this computer is joined; asked locally and once. Throws `QVErrno` when the system does not
-    /// tell.
+    /// Whether and where this computer is joined; asked locally and once. Throws `QVErrno` when the system
+    /// does not tell.
     static const host::Membership& membership();
 
     /// The accounts of the last list of users that was read to its end while the instance lives; null before.
     static std::shared_ptr<const ListedAccounts> listedUsers();
     static void usersListed(ListedAccounts&& users);
 
-    /// Where the domain's accounts can be asked for: a controller of the domain, located at first use; this computer
-    /// where it is one itself. `failed` or `refused` when there is none.
+    /// Where the domain's accounts can be asked for: a controller of the domain, located at first use; this
+    /// computer where it is one itself. `failed` or `refused` when there is none.
     static host::Answer<host::AccountSource> accountSource();
 
-    /// Asks the domain: `question(source)` gives an `Answer`. When the controller proves lost, it is put once more, to
-    /// another one. That is done once while the instance lives: when that one is lost too, this and all later
-    /// questions end as it did, and nobody waits for it again.
+    /// Asks the domain: `question(source)` gives an `Answer`. When the controller proves lost, it is put once
+    /// more, to another one. That is done once while the instance lives: when that one is lost too, this and
+    /// all later questions end as it did, and nobody waits for it again.
     template <class Ask>
     static auto ask(Ask question) -> decltype(question(host::AccountSource{})) {
         using Reply = decltype(question(host::AccountSource{}));

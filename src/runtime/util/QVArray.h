@@ -30,7 +30,8 @@ public:
     }
     void Add(Argument element) { m_elements.push_back(std::move(element)); }
 
-    /// Cuts the array to `size` elements or fills it up with empty ones; `growBy` -1: as the array grows anyway.
+    /// Cuts the array to `size` elements or fills it up with empty ones; `growBy` -1: as the array grows
+    /// anyway.
     void SetSize(int size, int growBy = -1) {
         if (size < 0) throw QVInvalidArgument();
         if (growBy > 0) m_elements.reserve(static_cast<std::size_t>(size) + static_cast<std::size_t>(growBy));

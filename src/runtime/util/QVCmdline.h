@@ -14,7 +14,8 @@ public:
 
     int mf_getSize() const;
 
-    /// Non-zero when an argument equal to `name` (case-sensitive) is held; with `remove` the first such one is taken out.
+    /// Non-zero when an argument equal to `name` (case-sensitive) is held; with `remove` the first such one
+    /// is taken out.
     int mf_getArgument(const CString& name, int remove);
 
     /// Copies the argument at `index` into `out`; with `remove` it is taken out. 0 when there is none.

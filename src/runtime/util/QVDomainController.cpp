@@ -49,7 +49,8 @@ void QVDomainController::stop() noexcept {
     DomainSession::stop();
 }
 
-host::Answer<std::vector<host::Account>> QVDomainController::domainLocalGroupsOf(const host::Account& account) {
+host::Answer<std::vector<host::Account>> QVDomainController::domainLocalGroupsOf(
+    const host::Account& account) {
     DomainSession::requireStarted();
     return instance->domainLocalGroups.of(account);
 }

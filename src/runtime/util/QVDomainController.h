@@ -9,14 +9,15 @@
 
 class QVDomainController {
 public:
-    /// Non-zero when this computer is a member of a domain (a controller is one). Asked locally and once. Throws
-    /// `QVErrno` when the system does not tell, or before the instance was started.
+    /// Non-zero when this computer is a member of a domain (a controller is one). Asked locally and once.
+    /// Throws `QVErrno` when the system does not tell, or before the instance was started.
     static int mf_isJoined();
 
     /// The domain's name in its NetBIOS form; valid until the instance is stopped. Throws as above.
     static const CString& mf_getDomainName();
 
-    /// The computer name of the primary domain controller, without leading "\\". Throws `QVErrno` when none is found.
+    /// The computer name of the primary domain controller, without leading "\\". Throws `QVErrno` when none
+    /// is found.
     static const CString mf_getPDCName();
 
     static void start();

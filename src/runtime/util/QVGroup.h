@@ -8,8 +8,8 @@ class QVGroup : public QVSid {
 public:
     using QVSid::QVSid;
 
-    /// Fills `list` with this computer's local groups, in the system's order; the caller owns the objects. 0 on
-    /// failure: the list is then empty, and the reason is in the trace log.
+    /// Fills `list` with this computer's local groups, in the system's order; the caller owns the objects. 0
+    /// on failure: the list is then empty, and the reason is in the trace log.
     static int mf_getComputerGroupList(QVArray<QVGroup*, QVGroup*>& list);
 
     /// The same for the built-in and domain-local groups of the domain. May throw `QVErrno`.

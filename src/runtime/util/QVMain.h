@@ -1,7 +1,7 @@
 #pragma once
 
-/// The main singleton of the client's runtime: the services are started and stopped through it. Every start throws
-/// `QVErrno` on failure; stopping what never started is harmless.
+/// The main singleton of the client's runtime: the services are started and stopped through it. Every start
+/// throws `QVErrno` on failure; stopping what never started is harmless.
 
 #include "runtime/base/CString.h"
 

@@ -8,12 +8,13 @@ class QVVolume {
 public:
     explicit QVVolume(const host::VolumeFacts& facts) : m_facts(facts) {}
 
-    /// One fact a line, each led by `prefix`, separated by CR LF, none at the end: drive letter or mount folders, volume
-    /// name, label, type, file system, size and free space. A fact that cannot be learnt is named with the reason;
-    /// natural causes do not throw.
+    /// One fact a line, each led by `prefix`, separated by CR LF, none at the end: drive letter or mount
+    /// folders, volume name, label, type, file system, size and free space. A fact that cannot be learnt is
+    /// named with the reason; natural causes do not throw.
     const CString mf_toString(const CString& prefix) const;
 
-    /// "NTFS", as the system spells it. Throws `QVErrno` when the volume does not tell (empty drive, locked, ...).
+    /// "NTFS", as the system spells it. Throws `QVErrno` when the volume does not tell (empty drive, locked,
+    /// ...).
     const CString mf_getFileSystemName() const;
 
     /// In capitals. Throws `QVErrno` for a volume without a drive letter, or where it cannot be learnt.

@@ -6,8 +6,8 @@
 #include "runtime/host/paging.h"
 #include "runtime/util/QVArray.h"
 
-/// Appends one new object for every account of a paged list. On failure the list is empty again and the reason is
-/// returned: a part is never shown as the whole. `fetch(cursor)` answers pages (`host::readPages`).
+/// Appends one new object for every account of a paged list. On failure the list is empty again and the
+/// reason is returned: a part is never shown as the whole. `fetch(cursor)` answers pages (`host::readPages`).
 template <class Entry, class Fetch>
 host::Answer<host::Done> fillAccountList(QVArray<Entry*, Entry*>& list, Fetch fetch) {
     const auto result = host::readPages<host::Account>(fetch, [&list](host::Account&& account) {

@@ -48,8 +48,8 @@ TEST(CString, ChangesCaseInEveryLocale) {
 }
 
 TEST(CString, LeavesWhatHasNoCase) {
-    // The signs of multiplication and division stand in the middle of the letters, the sharp s and final sigma have
-    // no partner.
+    // The signs of multiplication and division stand in the middle of the letters, the sharp s and final
+    // sigma have no partner.
     const wchar_t* const text = L"\u00D7\u00F7\u00DF\u03C21_\\";
     CString lower(text);
     lower.MakeLower();

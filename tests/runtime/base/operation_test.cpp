@@ -8,9 +8,7 @@ namespace {
 /// Looks at subjects by failures that are planned for them: an operation that hits answers "nothing".
 class Operation : public DescribedMachine {
 protected:
-    static void plan(const std::string& failure) {
-        describe("[failures]\n" + failure + " : answer 0\n");
-    }
+    static void plan(const std::string& failure) { describe("[failures]\n" + failure + " : answer 0\n"); }
 };
 
 constexpr const wchar_t* appendFile = L"QVPath::mf_appendFile";

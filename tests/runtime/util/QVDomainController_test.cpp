@@ -1,5 +1,5 @@
-#include "runtime/util/DomainSession.h"
 #include "runtime/util/QVDomainController.h"
+#include "runtime/util/DomainSession.h"
 
 #include "runtime/host/host.h"
 #include "tests/runtime/error_of.h"

@@ -1,6 +1,6 @@
-/// A kernel driver that stands for the volumes of a described machine, for the tests under Wine: it takes the mount
-/// manager's place, and each volume is a device of its own that answers as it is described. What there is stands in
-/// the value "Volumes" of the driver's key, as `Description` lays it out.
+/// A kernel driver that stands for the volumes of a described machine, for the tests under Wine: it takes the
+/// mount manager's place, and each volume is a device of its own that answers as it is described. What there
+/// is stands in the value "Volumes" of the driver's key, as `Description` lays it out.
 
 #include <intrin.h>
 // The system's header defines both again.
@@ -87,7 +87,8 @@ NTSTATUS complete(IRP* irp, NTSTATUS status, ULONG_PTR used = 0) {
     return status;
 }
 
-// --- The mount manager --------------------------------------------------------------------------------------
+// --- The mount manager
+// --------------------------------------------------------------------------------------
 
 /// The answer to "which mount points are there", in the caller's buffer of `room` bytes; what does not fit is
 /// counted.
@@ -213,7 +214,8 @@ NTSTATUS queryDrive(IRP* irp, const IO_STACK_LOCATION* stack) {
     return complete(irp, STATUS_NO_SUCH_DEVICE);
 }
 
-// --- The volumes --------------------------------------------------------------------------------------------
+// --- The volumes
+// --------------------------------------------------------------------------------------------
 
 NTSTATUS queryLabel(const VolumeDescription& volume, FILE_FS_VOLUME_INFORMATION& answer, ULONG room,
                     ULONG& used) {
@@ -274,7 +276,8 @@ const VolumeDescription* volumeOf(DEVICE_OBJECT* device) {
     return static_cast<Extension*>(device->DeviceExtension)->volume;
 }
 
-// --- The driver ---------------------------------------------------------------------------------------------
+// --- The driver
+// ---------------------------------------------------------------------------------------------
 
 NTSTATUS NTAPI open(DEVICE_OBJECT*, IRP* irp) {
     return complete(irp, STATUS_SUCCESS);

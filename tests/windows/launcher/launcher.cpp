@@ -1,5 +1,5 @@
-/// launcher.exe PROGRAM ARG...: runs a program as the same user without the rights of an administrator, with the
-/// same standard streams, and ends with its exit status.
+/// launcher.exe PROGRAM ARG...: runs a program as the same user without the rights of an administrator, with
+/// the same standard streams, and ends with its exit status.
 
 #ifndef NOMINMAX
 #define NOMINMAX

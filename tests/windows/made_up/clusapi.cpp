@@ -1,8 +1,8 @@
 /// A made-up cluster library: it answers from the section [cluster] of the description of which netapi32.cpp
 /// tells, with quirks and counts like its. Without that section the computer is not a node of a cluster.
 ///
-/// The program loads it at its start, before it asks for anything else: so it is also what replaces imports of
-/// system libraries that nothing can stand in for (volumes.h, services.h).
+/// The program loads it at its start, before it asks for anything else: so it is also what replaces imports
+/// of system libraries that nothing can stand in for (volumes.h, services.h).
 
 #include <algorithm>
 #include <cwchar>

@@ -30,8 +30,8 @@ void giveNames(const Call& call, const std::vector<std::wstring>& names, DWORD* 
     *total = call.oddity().wrongTotal ? 0 : static_cast<DWORD>(names.size());
 }
 
-/// The account that a server is asked for: a bare name is one of its own, and a name that the computer and its
-/// domain share is the computer's.
+/// The account that a server is asked for: a bare name is one of its own, and a name that the computer and
+/// its domain share is the computer's.
 host::Account accountAt(const Call& call, const std::wstring& name) {
     const std::size_t separator = name.find(L'\\');
     if (separator == std::wstring::npos)

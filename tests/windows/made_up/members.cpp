@@ -39,7 +39,7 @@ description::ListCause causeOf(const Call& call, GroupKind kind) {
 host::Sid sidOf(const host::Account& member) {
     if (!member.sid.empty()) return member.sid;
     return description::withRid(description::madeUpDomainSid(member.domain),
-                              description::madeUpDomainSid(member.name).subAuthorities[1]);
+                                description::madeUpDomainSid(member.name).subAuthorities[1]);
 }
 
 std::uint64_t memberCount(GroupKind kind, const host::Account& group) {

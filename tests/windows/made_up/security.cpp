@@ -29,8 +29,8 @@ NTSTATUS statusOf(DWORD code) {
 SID_NAME_USE useOf(const host::Account& account) {
     const host::Sid& sid = account.sid;
     if (sid.subAuthorityCount == 1) return SidTypeWellKnownGroup;
-    for (const auto kind :
-         {description::GroupKind::local, description::GroupKind::domainLocal, description::GroupKind::global}) {
+    for (const auto kind : {description::GroupKind::local, description::GroupKind::domainLocal,
+                            description::GroupKind::global}) {
         for (std::uint64_t i = 0; i < directory().groupCount(kind); ++i) {
             if (!(directory().group(kind, i).sid == sid)) continue;
             return kind == description::GroupKind::global ? SidTypeGroup : SidTypeAlias;

@@ -1,6 +1,6 @@
-/// Made-up volumes: what no drive of a test machine can be, such as one that is mounted in folders, a locked or a
-/// network one. The program imports these functions from a library that always stays the system's own, so it is
-/// its imports that are replaced.
+/// Made-up volumes: what no drive of a test machine can be, such as one that is mounted in folders, a locked
+/// or a network one. The program imports these functions from a library that always stays the system's own,
+/// so it is its imports that are replaced.
 
 #include "volumes.h"
 

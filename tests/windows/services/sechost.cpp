@@ -1,7 +1,7 @@
-/// A stand-in for the system's service library, for the tests under Wine, whose service control manager refuses
-/// nothing: services that KVX_SERVICE_CAUSES names ("name=5;other=1072") are answered with that error code. All else
-/// is handed on to the system's own library, which stands beside this one as sechost0.dll; the list of it is made by
-/// exports.py.
+/// A stand-in for the system's service library, for the tests under Wine, whose service control manager
+/// refuses nothing: services that KVX_SERVICE_CAUSES names ("name=5;other=1072") are answered with that error
+/// code. All else is handed on to the system's own library, which stands beside this one as sechost0.dll; the
+/// list of it is made by exports.py.
 
 #ifndef NOMINMAX
 #define NOMINMAX

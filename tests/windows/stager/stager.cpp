@@ -1,10 +1,11 @@
-/// stager.exe FILE: carries out the orders of a file (UTF-8, one a line, words separated by tabulators) in the
-/// Windows on which it runs, so that a program meets there what a description says:
+/// stager.exe FILE: carries out the orders of a file (UTF-8, one a line, words separated by tabulators) in
+/// the Windows on which it runs, so that a program meets there what a description says:
 ///
 ///     raw      KEY NAME TYPE DIGITS   a registry value, byte for byte; the key is made
 ///     refuse   KEY                    nobody may open the key any more
 ///     allow    KEY                    everybody may
-///     service  NAME STATE IMAGE SPARE a driver: "running" (where its image cannot be: from the spare one), "stopped",
+///     service  NAME STATE IMAGE SPARE a driver: "running" (where its image cannot be: from the spare one),
+///     "stopped",
 ///                                     or "failing": its start is refused by itself
 ///     no service NAME                 stopped and taken out
 ///     drive    LETTER TYPE FOLDER DEVICE   a drive over a folder and a device of the host system

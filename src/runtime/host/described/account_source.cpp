@@ -33,8 +33,8 @@ Scope scopeHere() {
 
 host::Answer<Scope> scopeOf(const host::AccountSource& source) {
     if (!source.server.empty()) description::countRemoteQuestion();
-    const bool isHere =
-        source.server.empty() || namesComputer(source.server, description::machine().system.facts.computerName);
+    const bool isHere = source.server.empty() ||
+                        namesComputer(source.server, description::machine().system.facts.computerName);
     if (isHere) return scopeHere();
     const bool isController = domain().joined && (namesComputer(source.server, domain().controller) ||
                                                   namesComputer(source.server, domain().primary));
@@ -50,7 +50,8 @@ void countIfRemote(bool isOfDomain) {
 host::Answer<host::AccountPage> pageOf(std::uint64_t cursor, std::uint64_t count,
                                        const description::ListCause& cause,
                                        const std::function<host::Account(std::uint64_t)>& item) {
-    if (cause.cause.any && cursor >= cause.after) return description::answerOf<host::AccountPage>(cause.cause);
+    if (cause.cause.any && cursor >= cause.after)
+        return description::answerOf<host::AccountPage>(cause.cause);
     const bool breaksOff = cause.cause.any && cause.after <= count;
     const std::uint64_t readable = breaksOff ? cause.after : count;
     host::AccountPage page;

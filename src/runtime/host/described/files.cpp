@@ -7,9 +7,9 @@
 #include <string>
 #include <string_view>
 
-#include "runtime/host/description/file_lookup.h"
 #include "runtime/host/described/native_errors.h"
 #include "runtime/host/described/native_files.h"
+#include "runtime/host/description/file_lookup.h"
 #include "runtime/host/description/state.h"
 #include "runtime/host/description/windows_path.h"
 #include "runtime/host/host.h"
@@ -19,8 +19,8 @@ namespace host {
 namespace {
 
 using description::answerOf;
-using description::notThere;
 using description::LookedUp;
+using description::notThere;
 using description::untilNul;
 
 /// A name that is too long for this computer is no file's name.
@@ -63,8 +63,8 @@ bool isNoName(const std::wstring& path) {
     return path.find_first_of(L"<>\"|?*", begin) != std::wstring::npos;
 }
 
-/// Where a file cannot be opened by this path, why not: a directory, a wrong name, or nothing at all. A file is not
-/// opened by a name that ends with a separator.
+/// Where a file cannot be opened by this path, why not: a directory, a wrong name, or nothing at all. A file
+/// is not opened by a name that ends with a separator.
 std::optional<Answer<std::string>> unopened(const Answer<FileKind>& kind, const std::wstring& path) {
     using Contents = Answer<std::string>;
     if (kind.found() && kind.value == FileKind::directory) return Contents::failed(0, L"it is a directory");
@@ -74,7 +74,8 @@ std::optional<Answer<std::string>> unopened(const Answer<FileKind>& kind, const 
 }
 
 Answer<std::string> nativeContents(const std::wstring& path, std::uint64_t maximumBytes) {
-    const described::Descriptor file(open(described::nativeName(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const described::Descriptor file(
+        open(described::nativeName(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (file.number() < 0) return answerOf<std::string>(described::nativeCause(errno), notThere);
     std::string bytes;
     char block[16384];

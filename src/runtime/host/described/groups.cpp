@@ -14,7 +14,7 @@ using description::Scope;
 Answer<AccountPage> groupPage(GroupKind kind, std::uint64_t cursor) {
     const description::Directory& directory = description::directory();
     return described::pageOf(cursor, directory.groupCount(kind), described::groupList(kind).cause,
-                  [&](std::uint64_t index) { return directory.group(kind, index); });
+                             [&](std::uint64_t index) { return directory.group(kind, index); });
 }
 
 /// Why the groups of an account cannot be asked for, if so.

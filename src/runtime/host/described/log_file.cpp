@@ -6,8 +6,8 @@
 #include <cstdio>
 #include <utility>
 
-#include "runtime/host/described/native_files.h"
 #include "runtime/host/described/native_errors.h"
+#include "runtime/host/described/native_files.h"
 #include "runtime/host/description/windows_path.h"
 #include "runtime/host/host.h"
 

@@ -8,9 +8,9 @@
 #include <new>
 #include <string>
 
-#include "runtime/host/description/file_lookup.h"
 #include "runtime/host/described/native_errors.h"
 #include "runtime/host/described/native_files.h"
+#include "runtime/host/description/file_lookup.h"
 #include "runtime/host/description/state.h"
 #include "runtime/host/description/windows_path.h"
 
@@ -84,8 +84,8 @@ host::Account currentAccount() {
 
 bool currentUserHas(const host::Sid& sid) {
     const description::Directory& directory = description::directory();
-    for (const auto kind :
-         {description::GroupKind::local, description::GroupKind::domainLocal, description::GroupKind::global}) {
+    for (const auto kind : {description::GroupKind::local, description::GroupKind::domainLocal,
+                            description::GroupKind::global}) {
         const auto groups = directory.groupsOf(currentAccount(), kind, description::Reach::throughAllGroups);
         if (!groups) continue;
         for (const host::Account& group : *groups) {

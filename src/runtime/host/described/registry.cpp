@@ -103,7 +103,8 @@ Answer<RegistryValue> registryValue(const std::wstring& keyPath, const std::wstr
     const auto value = found.key->values.find(description::folded(valueName));
     if (value == found.key->values.end()) return Answer<RegistryValue>::missing();
     const description::Cause& cause = value->second.cause;
-    return cause.any ? description::answerOf<RegistryValue>(cause, description::notThere) : valueOf(value->second);
+    return cause.any ? description::answerOf<RegistryValue>(cause, description::notThere)
+                     : valueOf(value->second);
 }
 
 }  // namespace host

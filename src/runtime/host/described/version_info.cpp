@@ -13,8 +13,9 @@ Answer<FileVersion> fileVersion(const std::wstring& given) {
     const auto& versions = description::machine().files.versions;
     const auto image = versions.find(found.key);
     if (found.entry == nullptr || image == versions.end()) return Answer<FileVersion>::missing();
-    return image->second.cause.any ? description::answerOf<FileVersion>(image->second.cause, description::notThere)
-                                   : image->second.version;
+    return image->second.cause.any
+               ? description::answerOf<FileVersion>(image->second.cause, description::notThere)
+               : image->second.version;
 }
 
 }  // namespace host

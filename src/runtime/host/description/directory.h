@@ -83,7 +83,8 @@ private:
     std::optional<std::wstring> unqualifiedKey(std::wstring_view name, GroupKind kind) const;
     /// Whether the account belongs to a domain that has the name of the computer.
     bool isOfNamesake(const host::Account& account) const;
-    /// What stands for the computer or the domain in keys, which tell them apart also where their names do not.
+    /// What stands for the computer or the domain in keys, which tell them apart also where their names do
+    /// not.
     std::wstring keyDomain(Scope scope) const;
     std::wstring keyOf(const host::Account& account) const;
     /// Whether `domain` is a name of the computer or the domain.

@@ -54,7 +54,8 @@ Answer<Account> AccountServer::group(const std::wstring& name) {
     return account.sid.empty() ? Answer<Account>::missing() : Answer<Account>(account);
 }
 
-Answer<Done> AccountServer::lookUp(const std::vector<std::wstring>& names, std::size_t first, std::size_t end) {
+Answer<Done> AccountServer::lookUp(const std::vector<std::wstring>& names, std::size_t first,
+                                   std::size_t end) {
     // Never a bare name: it would be looked for in every trusted domain.
     std::vector<std::wstring> asked;
     const std::wstring& own = m_domain.found() ? m_domain.value.name : builtinDomain();

@@ -20,9 +20,9 @@ public:
     /// The same for a list that is being read from `cursor` on: asked anew where the list begins.
     const Answer<AccountDomain>& domainOfList(std::uint64_t cursor);
 
-    /// The local groups of these names, in their order: of the account domain, else of the built-in one, as lists and
-    /// memberships tell only names. Each is looked up once, however many accounts belong to it. A group that cannot be
-    /// looked up has its name, the account domain's and no SID.
+    /// The local groups of these names, in their order: of the account domain, else of the built-in one, as
+    /// lists and memberships tell only names. Each is looked up once, however many accounts belong to it. A
+    /// group that cannot be looked up has its name, the account domain's and no SID.
     std::vector<Account> groups(const std::vector<std::wstring>& names);
 
     /// The account of one name; missing where there is none, unanswered where that cannot be asked.

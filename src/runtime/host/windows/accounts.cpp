@@ -1,6 +1,6 @@
 #include "runtime/host/host.h"
-#include "runtime/host/windows/buffer.h"
 #include "runtime/host/windows/account_server.h"
+#include "runtime/host/windows/buffer.h"
 #include "runtime/host/windows/errors.h"
 #include "runtime/host/windows/sids.h"
 

@@ -38,7 +38,8 @@ std::wstring addressText(const SOCKADDR& address) {
     return text;
 }
 
-/// Whether the adapter answers under the address: one that is still tried, or that another computer has, is none.
+/// Whether the adapter answers under the address: one that is still tried, or that another computer has, is
+/// none.
 bool isInUse(const IP_ADAPTER_UNICAST_ADDRESS& address) {
     return address.Address.lpSockaddr != nullptr && address.DadState >= IpDadStateDeprecated;
 }

@@ -38,8 +38,8 @@ std::wstring nameAt(windows::AccountServer& server, const Account& user) {
     return (member.dnsDomainName.empty() ? user.domain : member.dnsDomainName) + L'\\' + user.name;
 }
 
-/// An account that has vanished is "not there". A name that could not be mapped need not have vanished: its domain
-/// may be out of reach.
+/// An account that has vanished is "not there". A name that could not be mapped need not have vanished: its
+/// domain may be out of reach.
 Answer<Accounts> without(DWORD code) {
     const bool missing = code == NERR_UserNotFound || code == ERROR_NO_SUCH_USER;
     return missing ? Answer<Accounts>::missing() : windows::unanswered<Accounts>(code);

@@ -60,8 +60,8 @@ public:
     BYTE** receive() noexcept { return m_memory.receive(); }
     /// Null where nothing was left.
     const Item* first() const noexcept { return reinterpret_cast<const Item*>(m_memory.get()); }
-    /// The `told` items; nothing where they are not all there, each with what `member` refers to: a part of them
-    /// is not to be taken for the whole.
+    /// The `told` items; nothing where they are not all there, each with what `member` refers to: a part of
+    /// them is not to be taken for the whole.
     template <class Pointer>
     std::optional<std::span<const Item>> whole(DWORD told, Pointer Item::*member) const {
         if (told == 0) return std::span<const Item>();

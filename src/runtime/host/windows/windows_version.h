@@ -17,9 +17,9 @@ struct KernelVersion {
 /// The version of the running kernel, whatever this program's manifest says that it knows.
 Answer<KernelVersion> kernelVersion();
 
-/// The name of the product, from what the registry calls it, its edition included. Where the registry has another
-/// name or none, the build decides: Windows 11 is still called Windows 10 there, and some servers by the year of
-/// an older one.
+/// The name of the product, from what the registry calls it, its edition included. Where the registry has
+/// another name or none, the build decides: Windows 11 is still called Windows 10 there, and some servers by
+/// the year of an older one.
 std::wstring productName(const std::wstring& inRegistry, const KernelVersion& version);
 
 }  // namespace host::windows

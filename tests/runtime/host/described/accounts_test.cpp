@@ -1,7 +1,7 @@
-#include "tests/runtime/host/description/machine_fixture.h"
 #include "runtime/host/description/scanner.h"
 #include "runtime/host/host.h"
 #include "runtime/host/paging.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 #include "tests/runtime/host/domain_named.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #include <fstream>
 
-#include "tests/runtime/host/description/machine_fixture.h"
 #include "runtime/host/host.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
 

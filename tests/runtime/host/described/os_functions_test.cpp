@@ -4,8 +4,8 @@
 #include <fstream>
 #include <thread>
 
-#include "tests/runtime/host/description/machine_fixture.h"
 #include "runtime/host/description/scanner.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include <fstream>
 #include <sstream>
 
-#include "tests/runtime/host/description/machine_fixture.h"
 #include "runtime/host/host.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
-#include "tests/runtime/host/description/machine_fixture.h"
 #include "runtime/host/host.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include <fstream>
 #include <sstream>
 
-#include "tests/runtime/host/description/machine_fixture.h"
 #include "runtime/host/described/os_functions.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
 

@@ -3,9 +3,9 @@
 #include <set>
 #include <sstream>
 
-#include "tests/runtime/host/description/machine_fixture.h"
 #include "runtime/host/description/operation_names.h"
 #include "runtime/host/host.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
 

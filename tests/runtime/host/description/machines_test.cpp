@@ -1,7 +1,7 @@
 /// The machines that come with the project.
 
-#include "tests/runtime/host/description/machine_fixture.h"
 #include "runtime/host/host.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 #include "tests/runtime/host/domain_named.h"
 
 namespace {
@@ -9,7 +9,8 @@ namespace {
 class Machines : public DescribedMachine {
 protected:
     static void examine(const char* name) {
-        const auto mistakes = description::load(description::RealFiles(), projectFolder() / "machines" / name);
+        const auto mistakes =
+            description::load(description::RealFiles(), projectFolder() / "machines" / name);
         EXPECT_EQ(mistakes.report(), "");
     }
 };

@@ -2,9 +2,9 @@
 
 #include <fstream>
 
-#include "tests/runtime/host/description/machine_fixture.h"
 #include "runtime/host/description/fold.h"
 #include "runtime/host/description/scanner.h"
+#include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
 
@@ -21,19 +21,19 @@ TEST(LinesOf, EndsLinesInEveryWay) {
 
 TEST(LinesOf, KnowsByteOrderMarks) {
     EXPECT_EQ(description::linesOf("\xEF\xBB\xBF"
-                                 "a"),
+                                   "a"),
               Lines{L"a"});
     EXPECT_EQ(description::linesOf(std::string_view("\xFF\xFE"
-                                                  "a\0\n\0b\0",
-                                                  8)),
+                                                    "a\0\n\0b\0",
+                                                    8)),
               (Lines{L"a", L"b"}));
     EXPECT_EQ(description::linesOf(std::string_view("\xFE\xFF"
-                                                  "\0a\x20\xAC",
-                                                  6)),
+                                                    "\0a\x20\xAC",
+                                                    6)),
               Lines{L"a\u20AC"});
     EXPECT_EQ(description::linesOf(std::string_view("\xFF\xFE"
-                                                  "a\0b",
-                                                  5)),
+                                                    "a\0b",
+                                                    5)),
               Lines{L"a"});
 }
 
