@@ -4,6 +4,7 @@
 
 #include "runtime/host/description/fold.h"
 #include "runtime/host/description/section.h"
+#include "runtime/host/description/settings.h"
 #include "runtime/host/utf.h"
 
 namespace description {
@@ -16,9 +17,12 @@ using Parser = void (*)(Parsing&, const Section&);
 
 struct SectionKind {
     std::wstring_view name;
-    Parser parse;
+    Parser parse;             ///< null where the settings are all that there is
     void (*clear)(Machine&);  ///< what a line "clear" does; null where there is nothing to inherit
+    const SettingTable* settings = nullptr;
 };
+
+void parseMachineSection(Parsing& parsing, const Section& section);
 
 constexpr std::wstring_view machineSection = L"machine";
 constexpr std::wstring_view contentsSection = L"contents";
@@ -26,15 +30,15 @@ constexpr std::wstring_view registrySection = L"registry";
 
 /// The register of sections.
 const SectionKind sectionKinds[] = {
-    {machineSection, nullptr, nullptr},
-    {L"system", parseSystem, [](Machine& machine) { machine.system = {}; }},
+    {machineSection, parseMachineSection, nullptr, &machineSettings},
+    {L"system", nullptr, [](Machine& machine) { machine.system = {}; }, &systemSettings},
     {L"environment", parseEnvironment, [](Machine& machine) { machine.system.environment.clear(); }},
-    {L"user", parseUser, [](Machine& machine) { machine.user = {}; }},
+    {L"user", nullptr, [](Machine& machine) { machine.user = {}; }, &userSettings},
     {L"users", [](Parsing& p, const Section& s) { parseUsers(p, s, p.machine.users); },
      [](Machine& machine) { machine.users = {}; }},
     {L"groups", [](Parsing& p, const Section& s) { parseGroups(p, s, p.machine.groups); },
      [](Machine& machine) { machine.groups = {}; }},
-    {L"domain", parseDomain, [](Machine& machine) { machine.domain = {}; }},
+    {L"domain", nullptr, [](Machine& machine) { machine.domain = {}; }, &domainSettings},
     {L"domain users", [](Parsing& p, const Section& s) { parseUsers(p, s, p.machine.domainUsers); },
      [](Machine& machine) { machine.domainUsers = {}; }},
     {L"domain groups", [](Parsing& p, const Section& s) { parseGroups(p, s, p.machine.domainGroups); },
@@ -42,7 +46,7 @@ const SectionKind sectionKinds[] = {
     {L"global groups", [](Parsing& p, const Section& s) { parseGroups(p, s, p.machine.globalGroups); },
      [](Machine& machine) { machine.globalGroups = {}; }},
     {L"volumes", parseVolumes, [](Machine& machine) { machine.volumes = {}; }},
-    {L"cluster", parseCluster, [](Machine& machine) { machine.cluster.reset(); }},
+    {L"cluster", parseCluster, [](Machine& machine) { machine.cluster.reset(); }, &clusterSettings},
     {L"services", parseServices, [](Machine& machine) { machine.services.clear(); }},
     {L"versions", parseVersions, [](Machine& machine) { machine.files.versions.clear(); }},
     {registrySection, parseRegistry, [](Machine& machine) { machine.registry.clear(); }},
@@ -129,52 +133,55 @@ std::vector<Section> sectionsOf(const std::string& file, const std::vector<std::
     return sections;
 }
 
-void parseFile(Parsing& parsing, const std::string& name, const Place& from, int depth);
+void parseFile(Parsing parsing, const std::string& name, const Place& from);
 
 std::string fileOf(const SourceFiles& files, const std::string& name) {
     if (!files.isFolder(name)) return name;
     return name + (name.ends_with('/') ? "machine.txt" : "/machine.txt");
 }
 
+/// "base = ../member": the description on which this one stands.
+void readBase(const SettingLine& line) {
+    const Parsing& parsing = line.parsing;
+    if (!parsing.atStart) {
+        parsing.mistakes.add(line.place, "\"base\" comes too late, expected it before everything else");
+        return;
+    }
+    const std::string value = host::toUtf8(line.value);
+    const std::string name = value == "sample" ? std::string(samplePrefix) + "machine.txt"
+                                               : fileOf(parsing.files, besideFile(line.place.file, value));
+    parseFile({parsing.files, parsing.machine, parsing.mistakes, parsing.depth + 1}, name, line.place);
+}
+
 /// Hands the lines of a file that stands beside the description to the parser of one section.
-void parseListFile(Parsing& parsing, const Item& item, const std::string& name, Parser parse) {
+void readListFile(const SettingLine& line, Parser parse) {
+    const std::string name = besideFile(line.place.file, host::toUtf8(line.value));
     std::string why;
-    const auto bytes = parsing.files.read(name, why);
+    const auto bytes = line.parsing.files.read(name, why);
     if (!bytes) {
-        parsing.mistakes.add(item.place, name + " cannot be read: " + why);
+        line.parsing.mistakes.add(line.place, name + " cannot be read: " + why);
         return;
     }
     const std::vector<std::wstring> lines = linesOf(*bytes);
     Section section;
     section.file = name;
     section.lines.reserve(lines.size());
-    for (const std::wstring& line : lines)
-        section.lines.push_back({section.lines.size() + 1, line});
-    parse(parsing, section);
+    for (const std::wstring& text : lines)
+        section.lines.push_back({section.lines.size() + 1, text});
+    parse(line.parsing, section);
 }
 
-void parseMachineItem(Parsing& parsing, const Item& item, bool first, int depth) {
-    const auto setting =
-        settingOf(item, parsing.mistakes, "\"base = ...\", \"registry = ...\" or \"files = ...\"");
-    if (!setting) return;
-    const std::string value = host::toUtf8(setting->value);
-    if (setting->key == L"base") {
-        if (!first) {
-            parsing.mistakes.add(item.place, "\"base\" comes too late, expected it before everything else");
-        } else if (value == "sample") {
-            parseFile(parsing, std::string(samplePrefix) + "machine.txt", item.place, depth + 1);
-        } else {
-            parseFile(parsing, fileOf(parsing.files, besideFile(item.place.file, value)), item.place,
-                      depth + 1);
-        }
-    } else if (setting->key == L"registry") {
-        parseListFile(parsing, item, besideFile(item.place.file, value), parseRegistry);
-    } else if (setting->key == L"files") {
-        parseListFile(parsing, item, besideFile(item.place.file, value), parseFiles);
-    } else {
-        parsing.mistakes.add(item.place, "unknown setting " + quoted(setting->name) +
-                                             ", expected \"base\", \"registry\" or \"files\"");
-    }
+constexpr SettingRow machineRows[] = {
+    {L"base", readBase},
+    {L"registry", [](const SettingLine& line) { readListFile(line, parseRegistry); }},
+    {L"files", [](const SettingLine& line) { readListFile(line, parseFiles); }},
+};
+
+void parseMachineSection(Parsing& parsing, const Section& section) {
+    forEachItem(section, [&](const Item& item) {
+        parseSetting(parsing, item, machineSettings);
+        parsing.atStart = false;
+    });
 }
 
 /// Takes a line "clear" out of the section when it is the first one.
@@ -195,13 +202,15 @@ void parseSection(Parsing& parsing, Section& section) {
         kind->clear(parsing.machine);
         if (section.lines.empty()) return;
     }
-    kind->parse(parsing, section);
+    if (kind->parse != nullptr) return kind->parse(parsing, section);
+    parseSettings(parsing, section, *kind->settings);
 }
 
-void parseFile(Parsing& parsing, const std::string& name, const Place& from, int depth) {
+void parseFile(Parsing parsing, const std::string& name, const Place& from) {
     std::string why;
-    const auto bytes = depth > deepestBase ? std::nullopt : parsing.files.read(name, why);
-    if (depth > deepestBase) {
+    const bool tooDeep = parsing.depth > deepestBase;
+    const auto bytes = tooDeep ? std::nullopt : parsing.files.read(name, why);
+    if (tooDeep) {
         parsing.mistakes.add(from, "too many descriptions stand on each other, expected at most " +
                                        std::to_string(deepestBase));
         return;
@@ -211,27 +220,28 @@ void parseFile(Parsing& parsing, const std::string& name, const Place& from, int
         return;
     }
     const std::vector<std::wstring> lines = linesOf(*bytes);
-    bool first = true;
     for (Section& section : sectionsOf(name, lines, parsing.mistakes)) {
-        if (section.name == machineSection) {
-            forEachItem(section, [&](const Item& item) {
-                parseMachineItem(parsing, item, first, depth);
-                first = false;
-            });
-        } else {
-            parseSection(parsing, section);
-        }
-        first = false;
+        parseSection(parsing, section);
+        parsing.atStart = false;
     }
 }
 
 }  // namespace
 
+constinit const SettingTable machineSettings{"base = sample", machineRows};
+
+std::vector<SettingSection> settingSections() {
+    std::vector<SettingSection> sections;
+    for (const SectionKind& kind : sectionKinds) {
+        if (kind.settings != nullptr) sections.push_back({kind.name, *kind.settings});
+    }
+    return sections;
+}
+
 Machine parseMachine(const SourceFiles& files, const std::string& name, Mistakes& mistakes) {
     Machine machine;
-    Parsing parsing{files, machine, mistakes};
     const std::string file = fileOf(files, name);
-    parseFile(parsing, file, {file, 0}, 0);
+    parseFile({files, machine, mistakes}, file, {file, 0});
     return machine;
 }
 

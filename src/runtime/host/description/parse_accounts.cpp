@@ -1,5 +1,6 @@
 #include "runtime/host/description/fold.h"
 #include "runtime/host/description/section.h"
+#include "runtime/host/description/settings.h"
 
 /// [users], [groups], [domain] and its lists.
 
@@ -37,13 +38,13 @@ std::optional<GeneratedUsers> patternOf(std::wstring_view text) {
 }
 
 /// "25000 user%05d".
-void readGenerated(Parsing& parsing, const Item& item, std::wstring_view value, UserList& list) {
-    Scanner scanner(value);
+void readGenerated(const SettingLine& line, UserList& list) {
+    Scanner scanner(line.value);
     const auto count = numberOf(scanner.word(), mostGenerated);
     auto generated = patternOf(scanner.rest());
     if (!count || !generated) {
-        parsing.mistakes.add(item.place, quoted(value) + " generates nothing, expected a number up to " +
-                                             std::to_string(mostGenerated) + " and a pattern like user%05d");
+        line.reject(" generates nothing, expected a number up to " + std::to_string(mostGenerated) +
+                    " and a pattern like user%05d");
         return;
     }
     generated->count = *count;
@@ -91,7 +92,7 @@ void parseUserItem(Parsing& parsing, const Item& item, UserList& list) {
     const std::wstring_view name = trimmed(item.text.substr(0, equals));
     const std::wstring_view value =
         equals == std::wstring_view::npos ? std::wstring_view() : trimmed(item.text.substr(equals + 1));
-    if (equalFolded(name, L"generate users")) return readGenerated(parsing, item, value, list);
+    if (equalFolded(name, L"generate users")) return readGenerated({parsing, item.place, value}, list);
     if (!isAccountName(name)) return reportBadName(parsing, item, name);
     UserEntry entry{std::wstring(name), std::nullopt};
     if (equals != std::wstring_view::npos) {
@@ -148,10 +149,10 @@ void parseGroupItem(Parsing& parsing, const Item& item, GroupList& list) {
 }
 
 /// "yes", "no", "no 1722".
-void readReachable(Parsing& parsing, const Item& item, std::wstring_view value) {
+void readReachable(const SettingLine& line) {
     constexpr std::uint32_t noSuchDomain = 1355;
-    Scanner scanner(value);
-    Cause& cause = parsing.machine.domain.unreachable;
+    Scanner scanner(line.value);
+    Cause& cause = line.machine().domain.unreachable;
     if (scanner.take(L"yes") && scanner.atEnd()) {
         cause = {};
         return;
@@ -163,64 +164,54 @@ void readReachable(Parsing& parsing, const Item& item, std::wstring_view value) 
             return;
         }
     }
-    parsing.mistakes.add(item.place, quoted(value) + " is neither \"yes\" nor \"no\" nor \"no CODE\"");
+    line.reject(" is neither \"yes\" nor \"no\" nor \"no CODE\"");
 }
 
-void readRole(Parsing& parsing, const Item& item, std::wstring_view value) {
-    DomainDescription& domain = parsing.machine.domain;
-    if (equalFolded(value, L"member") || equalFolded(value, L"controller")) {
-        domain.isController = equalFolded(value, L"controller");
+void readRole(const SettingLine& line) {
+    DomainDescription& domain = line.machine().domain;
+    if (equalFolded(line.value, L"member") || equalFolded(line.value, L"controller")) {
+        domain.isController = equalFolded(line.value, L"controller");
     } else {
-        parsing.mistakes.add(item.place, quoted(value) + " is no role, expected member or controller");
+        line.reject(" is no role, expected member or controller");
     }
 }
 
-void readPageSize(Parsing& parsing, const Item& item, std::wstring_view value, std::uint64_t& target) {
+void readPageSize(const SettingLine& line, std::uint64_t& target) {
     std::uint32_t size = 0;
-    readNumber(item, value, 1000000, parsing.mistakes, size);
+    readNumber(line, 1000000, size);
     if (size > 0) {
         target = size;
-    } else if (numberOf(value) == 0U) {
-        parsing.mistakes.add(item.place, "a page holds at least one account");
+    } else if (numberOf(line.value) == 0U) {
+        line.parsing.mistakes.add(line.place, "a page holds at least one account");
     }
 }
 
-void parseDomainSetting(Parsing& parsing, const Item& item, const Setting& setting) {
-    DomainDescription& domain = parsing.machine.domain;
-    if (setting.key == L"joined") {
-        readFlag(item, setting.value, parsing.mistakes, domain.joined);
-    } else if (setting.key == L"name") {
-        domain.name = setting.value;
-    } else if (setting.key == L"workgroup") {
-        domain.workgroup = setting.value;
-    } else if (setting.key == L"dns") {
-        domain.dnsName = setting.value;
-    } else if (setting.key == L"controller") {
-        domain.controller = setting.value;
-    } else if (setting.key == L"primary") {
-        domain.primary = setting.value;
-    } else if (setting.key == L"role") {
-        readRole(parsing, item, setting.value);
-    } else if (setting.key == L"sid") {
-        readSid(item, setting.value, parsing.mistakes, domain.sid);
-    } else if (setting.key == L"reachable") {
-        readReachable(parsing, item, setting.value);
-    } else if (setting.key == L"page size") {
-        readPageSize(parsing, item, setting.value, domain.pageSize);
-    } else if (setting.key == L"member page size") {
-        readPageSize(parsing, item, setting.value, domain.memberPageSize);
-    } else if (setting.key == L"generate users") {
-        readGenerated(parsing, item, setting.value, parsing.machine.domainUsers);
-    } else {
-        parsing.mistakes.add(
-            item.place,
-            "unknown setting " + quoted(setting.name) +
-                ", expected joined, name, workgroup, dns, controller, primary, role, sid, reachable, "
-                "page size, member page size or generate users");
-    }
+DomainDescription& domainOf(const SettingLine& line) {
+    return line.machine().domain;
 }
+
+constexpr SettingRow domainRows[] = {
+    {L"joined", [](const SettingLine& line) { readFlag(line, domainOf(line).joined); }},
+    {L"name", [](const SettingLine& line) { domainOf(line).name = line.value; }},
+    {L"workgroup", [](const SettingLine& line) { domainOf(line).workgroup = line.value; }},
+    {L"dns", [](const SettingLine& line) { domainOf(line).dnsName = line.value; }},
+    {L"controller", [](const SettingLine& line) { domainOf(line).controller = line.value; }},
+    {L"primary", [](const SettingLine& line) { domainOf(line).primary = line.value; }},
+    {L"role", readRole},
+    {L"sid", [](const SettingLine& line) { readSid(line, domainOf(line).sid); }},
+    {L"reachable", readReachable},
+    {L"page size", [](const SettingLine& line) { readPageSize(line, domainOf(line).pageSize); }},
+    {L"member page size", [](const SettingLine& line) { readPageSize(line, domainOf(line).memberPageSize); }},
+    {L"generate users", [](const SettingLine& line) { readGenerated(line, line.machine().domainUsers); }},
+};
+
+constexpr CauseRow domainCauses[] = {
+    {L"membership", [](Machine& machine) -> Cause& { return machine.domain.membershipCause; }},
+};
 
 }  // namespace
+
+constinit const SettingTable domainSettings{"joined = yes", domainRows, domainCauses};
 
 void parseUsers(Parsing& parsing, const Section& section, UserList& list) {
     forEachItem(section, [&](const Item& item) { parseUserItem(parsing, item, list); });
@@ -228,24 +219,6 @@ void parseUsers(Parsing& parsing, const Section& section, UserList& list) {
 
 void parseGroups(Parsing& parsing, const Section& section, GroupList& list) {
     forEachItem(section, [&](const Item& item) { parseGroupItem(parsing, item, list); });
-}
-
-void parseDomain(Parsing& parsing, const Section& section) {
-    forEachItem(section, [&](const Item& item) {
-        if (isCause(item)) {
-            const auto line = causeLineOf(item, parsing.mistakes);
-            if (!line) return;
-            if (equalFolded(line->what, L"membership")) {
-                parsing.machine.domain.membershipCause = line->cause;
-            } else {
-                parsing.mistakes.add(item.place,
-                                     quoted(line->what) + " cannot fail here, expected \"membership\"");
-            }
-            return;
-        }
-        const auto setting = settingOf(item, parsing.mistakes, "one like joined = yes");
-        if (setting) parseDomainSetting(parsing, item, *setting);
-    });
 }
 
 }  // namespace description

@@ -1,5 +1,6 @@
 #include "runtime/host/description/fold.h"
 #include "runtime/host/description/section.h"
+#include "runtime/host/description/settings.h"
 #include "runtime/host/description/windows_path.h"
 
 /// [system], [environment] and [user].
@@ -75,45 +76,41 @@ std::optional<host::LocalTime> timeOf(std::wstring_view text) {
     return time;
 }
 
-void readTime(Parsing& parsing, const Item& item, std::wstring_view value,
-              std::optional<host::LocalTime>& target) {
-    const auto time = timeOf(value);
+void readTime(const SettingLine& line, std::optional<host::LocalTime>& target) {
+    const auto time = timeOf(line.value);
     if (time) {
         target = time;
     } else {
-        parsing.mistakes.add(item.place,
-                             quoted(value) + " is no time, expected one like 2026-11-19 07:30:00");
+        line.reject(" is no time, expected one like 2026-11-19 07:30:00");
     }
 }
 
-void readDirectory(Parsing& parsing, const Item& item, std::wstring_view value, std::wstring& target) {
+void readDirectory(const SettingLine& line, std::wstring& target) {
     constexpr std::size_t longest = 32766;
-    const bool hasDrive = value.size() > 2 && value[1] == L':' && value[2] == L'\\';
-    if (value.size() > longest || (!hasDrive && !value.starts_with(L"\\\\"))) {
-        parsing.mistakes.add(item.place,
-                             quoted(value) + " is no absolute path, expected one like C:\\Windows");
+    const bool hasDrive = line.value.size() > 2 && line.value[1] == L':' && line.value[2] == L'\\';
+    if (line.value.size() > longest || (!hasDrive && !line.value.starts_with(L"\\\\"))) {
+        line.reject(" is no absolute path, expected one like C:\\Windows");
         return;
     }
-    target = fullPath(value, L"C:\\");
+    target = fullPath(line.value, L"C:\\");
     while (target.size() > 3 && target.back() == L'\\')
         target.pop_back();
 }
 
-void readMemory(Parsing& parsing, const Item& item, std::wstring_view value, std::uint64_t& target) {
-    Scanner scanner(value);
+void readMemory(const SettingLine& line, std::uint64_t& target) {
+    Scanner scanner(line.value);
     const auto bytes = scanner.size();
     if (bytes && scanner.atEnd()) {
         target = *bytes;
     } else {
-        parsing.mistakes.add(item.place, quoted(value) + " is no size, expected one like 16 GB");
+        line.reject(" is no size, expected one like 16 GB");
     }
 }
 
-void readSystemVersion(Parsing& parsing, const Item& item, std::wstring_view value,
-                       host::SystemFacts& facts) {
+void readSystemVersion(const SettingLine& line, host::SystemFacts& facts) {
     std::uint32_t numbers[4];
-    if (!readVersion(value, 0xFFFFFFFFU, numbers)) {
-        parsing.mistakes.add(item.place, quoted(value) + " is no version, expected one like 10.0.20348.2113");
+    if (!readVersion(line.value, 0xFFFFFFFFU, numbers)) {
+        line.reject(" is no version, expected one like 10.0.20348.2113");
         return;
     }
     facts.major = numbers[0];
@@ -122,170 +119,117 @@ void readSystemVersion(Parsing& parsing, const Item& item, std::wstring_view val
     facts.revision = numbers[3];
 }
 
-void readArchitecture(Parsing& parsing, const Item& item, std::wstring_view value, std::wstring& target) {
-    for (const std::wstring_view known : {L"x64", L"ARM64", L"x86"}) {
-        if (equalFolded(value, known)) {
+void readArchitecture(const SettingLine& line, std::wstring& target) {
+    static constexpr std::wstring_view architectures[] = {L"x64", L"ARM64", L"x86"};
+    for (const std::wstring_view known : architectures) {
+        if (equalFolded(line.value, known)) {
             target = known;
             return;
         }
     }
-    parsing.mistakes.add(item.place, quoted(value) + " is no architecture, expected x64, ARM64 or x86");
+    line.reject(" is no architecture, expected " + alternatives(architectures));
 }
 
-void readCodePage(Parsing& parsing, const Item& item, std::wstring_view value, host::CodePageFacts& target) {
-    Scanner scanner(value);
+void readCodePage(const SettingLine& line, host::CodePageFacts& target) {
+    Scanner scanner(line.value);
     const auto number = numberOf(scanner.word(), 65535);
     if (!number) {
-        parsing.mistakes.add(item.place,
-                             quoted(value) + " is no code page, expected one like 1252 ANSI - Latin I");
+        line.reject(" is no code page, expected one like 1252 ANSI - Latin I");
         return;
     }
     target = {static_cast<std::uint32_t>(*number), std::wstring(scanner.rest())};
 }
 
 /// "Ethernet: 192.0.2.10, fe80::1". An adapter of the same name is replaced.
-void readAdapter(Parsing& parsing, const Item& item, std::wstring_view value) {
-    const std::size_t colon = value.find(L": ");
+void readAdapter(const SettingLine& line) {
+    const std::size_t colon = line.value.find(L": ");
     const std::size_t nameEnd =
-        colon == std::wstring_view::npos && value.ends_with(L':') ? value.size() - 1 : colon;
+        colon == std::wstring_view::npos && line.value.ends_with(L':') ? line.value.size() - 1 : colon;
     if (nameEnd == std::wstring_view::npos || nameEnd == 0) {
-        parsing.mistakes.add(
-            item.place, quoted(value) + " is no adapter, expected one like Ethernet: 192.0.2.10, fe80::1");
+        line.reject(" is no adapter, expected one like Ethernet: 192.0.2.10, fe80::1");
         return;
     }
     host::AdapterFacts adapter;
-    adapter.name = trimmed(value.substr(0, nameEnd));
-    std::wstring_view rest = value.substr(nameEnd + 1);
+    adapter.name = trimmed(line.value.substr(0, nameEnd));
+    std::wstring_view rest = line.value.substr(nameEnd + 1);
     while (!trimmed(rest).empty()) {
         const std::size_t comma = rest.find(L',');
         adapter.addresses.emplace_back(trimmed(rest.substr(0, comma)));
         rest.remove_prefix(comma == std::wstring_view::npos ? rest.size() : comma + 1);
     }
-    for (host::AdapterFacts& known : parsing.machine.system.adapters) {
+    for (host::AdapterFacts& known : line.machine().system.adapters) {
         if (equalFolded(known.name, adapter.name)) {
             known = std::move(adapter);
             return;
         }
     }
-    parsing.machine.system.adapters.push_back(std::move(adapter));
+    line.machine().system.adapters.push_back(std::move(adapter));
 }
 
-/// The settings that need more than a copy of their text; false for a key that is none of them.
-bool readSpecialSetting(Parsing& parsing, const Item& item, const Setting& setting) {
-    SystemDescription& system = parsing.machine.system;
-    host::SystemFacts& facts = system.facts;
-    const std::wstring_view value = setting.value;
-    if (setting.key == L"version") {
-        readSystemVersion(parsing, item, value, facts);
-    } else if (setting.key == L"server") {
-        readFlag(item, value, parsing.mistakes, facts.server);
-    } else if (setting.key == L"32bit") {
-        readFlag(item, value, parsing.mistakes, facts.is32Bit);
-    } else if (setting.key == L"architecture") {
-        readArchitecture(parsing, item, value, facts.architecture);
-    } else if (setting.key == L"processors") {
-        readNumber(item, value, 1000000, parsing.mistakes, facts.processors);
-    } else if (setting.key == L"memory") {
-        readMemory(parsing, item, value, facts.memoryBytes);
-    } else if (setting.key == L"started") {
-        readTime(parsing, item, value, facts.startTime);
-    } else if (setting.key == L"now") {
-        readTime(parsing, item, value, system.now);
-    } else if (setting.key == L"windows directory") {
-        readDirectory(parsing, item, value, system.windowsDirectory);
-    } else if (setting.key == L"current directory") {
-        readDirectory(parsing, item, value, system.currentDirectory);
-    } else if (setting.key == L"code page") {
-        readCodePage(parsing, item, value, system.codePage);
-    } else if (setting.key == L"adapter") {
-        readAdapter(parsing, item, value);
-    } else if (setting.key == L"sid") {
-        readSid(item, value, parsing.mistakes, system.sid);
-    } else {
-        return false;
-    }
-    return true;
+SystemDescription& systemOf(const SettingLine& line) {
+    return line.machine().system;
 }
 
-void parseSystemCause(Parsing& parsing, const Item& item) {
-    const auto line = causeLineOf(item, parsing.mistakes);
-    if (!line) return;
-    SystemDescription& system = parsing.machine.system;
-    if (equalFolded(line->what, L"system")) {
-        system.systemCause = line->cause;
-    } else if (equalFolded(line->what, L"adapters")) {
-        system.adaptersCause = line->cause;
-    } else if (equalFolded(line->what, L"code page")) {
-        system.codePageCause = line->cause;
-    } else {
-        parsing.mistakes.add(item.place, quoted(line->what) +
-                                             " cannot fail here, expected \"system\", \"adapters\" or "
-                                             "\"code page\"");
-    }
+host::SystemFacts& factsOf(const SettingLine& line) {
+    return systemOf(line).facts;
 }
 
-void parseSystemItem(Parsing& parsing, const Item& item) {
-    if (isCause(item)) return parseSystemCause(parsing, item);
-    const auto setting = settingOf(item, parsing.mistakes, "one like computer = WS01");
-    if (!setting || readSpecialSetting(parsing, item, *setting)) return;
-    host::SystemFacts& facts = parsing.machine.system.facts;
-    if (setting->key == L"computer") {
-        facts.computerName = setting->value;
-    } else if (setting->key == L"windows") {
-        facts.windowsName = setting->value;
-    } else if (setting->key == L"release") {
-        facts.release = setting->value;
-    } else if (setting->key == L"processor") {
-        facts.processorName = setting->value;
-    } else {
-        parsing.mistakes.add(
-            item.place, "unknown setting " + quoted(setting->name) +
-                            ", expected computer, windows, release, version, server, architecture, 32bit, "
-                            "processor, processors, memory, started, now, windows directory, current "
-                            "directory, code page, sid or adapter");
-    }
-}
+constexpr SettingRow systemRows[] = {
+    {L"computer", [](const SettingLine& line) { factsOf(line).computerName = line.value; }},
+    {L"windows", [](const SettingLine& line) { factsOf(line).windowsName = line.value; }},
+    {L"release", [](const SettingLine& line) { factsOf(line).release = line.value; }},
+    {L"version", [](const SettingLine& line) { readSystemVersion(line, factsOf(line)); }},
+    {L"server", [](const SettingLine& line) { readFlag(line, factsOf(line).server); }},
+    {L"architecture", [](const SettingLine& line) { readArchitecture(line, factsOf(line).architecture); }},
+    {L"32bit", [](const SettingLine& line) { readFlag(line, factsOf(line).is32Bit); }},
+    {L"processor", [](const SettingLine& line) { factsOf(line).processorName = line.value; }},
+    {L"processors", [](const SettingLine& line) { readNumber(line, 1000000, factsOf(line).processors); }},
+    {L"memory", [](const SettingLine& line) { readMemory(line, factsOf(line).memoryBytes); }},
+    {L"started", [](const SettingLine& line) { readTime(line, factsOf(line).startTime); }},
+    {L"now", [](const SettingLine& line) { readTime(line, systemOf(line).now); }},
+    {L"windows directory",
+     [](const SettingLine& line) { readDirectory(line, systemOf(line).windowsDirectory); }},
+    {L"current directory",
+     [](const SettingLine& line) { readDirectory(line, systemOf(line).currentDirectory); }},
+    {L"code page", [](const SettingLine& line) { readCodePage(line, systemOf(line).codePage); }},
+    {L"sid", [](const SettingLine& line) { readSid(line, systemOf(line).sid); }},
+    {L"adapter", readAdapter},
+};
 
-void readUserName(Parsing& parsing, const Item& item, std::wstring_view value) {
+constexpr CauseRow systemCauses[] = {
+    {L"system", [](Machine& machine) -> Cause& { return machine.system.systemCause; }},
+    {L"adapters", [](Machine& machine) -> Cause& { return machine.system.adaptersCause; }},
+    {L"code page", [](Machine& machine) -> Cause& { return machine.system.codePageCause; }},
+};
+
+void readUserName(const SettingLine& line) {
     constexpr std::size_t longest = 511;  // what fits where the program tells GetUserNameW of 512 characters
-    const std::size_t separator = value.rfind(L'\\');
+    const std::size_t separator = line.value.rfind(L'\\');
     const bool qualified = separator != std::wstring_view::npos;
-    const std::wstring_view name = qualified ? value.substr(separator + 1) : value;
+    const std::wstring_view name = qualified ? line.value.substr(separator + 1) : line.value;
     if (name.empty() || name.size() > longest) {
-        parsing.mistakes.add(item.place, quoted(value) +
-                                             " is no user name, expected NAME or DOMAIN\\NAME with at most " +
-                                             std::to_string(longest) + " characters");
+        line.reject(" is no user name, expected NAME or DOMAIN\\NAME with at most " +
+                    std::to_string(longest) + " characters");
         return;
     }
-    parsing.machine.user.name = name;
-    parsing.machine.user.domain = qualified ? value.substr(0, separator) : std::wstring_view();
+    line.machine().user.name = name;
+    line.machine().user.domain = qualified ? line.value.substr(0, separator) : std::wstring_view();
 }
+
+constexpr SettingRow userRows[] = {
+    {L"name", readUserName},
+    {L"administrator", [](const SettingLine& line) { readFlag(line, line.machine().user.administrator); }},
+};
 
 }  // namespace
 
-void parseSystem(Parsing& parsing, const Section& section) {
-    forEachItem(section, [&](const Item& item) { parseSystemItem(parsing, item); });
-}
+constinit const SettingTable systemSettings{"computer = WS01", systemRows, systemCauses};
+constinit const SettingTable userSettings{"name = WS01\\alice", userRows};
 
 void parseEnvironment(Parsing& parsing, const Section& section) {
     forEachItem(section, [&](const Item& item) {
-        const auto setting = settingOf(item, parsing.mistakes, "one like DATA = D:\\Data");
+        const auto setting = settingOf(item, parsing.mistakes, "DATA = D:\\Data");
         if (setting) parsing.machine.system.environment[setting->key] = setting->value;
-    });
-}
-
-void parseUser(Parsing& parsing, const Section& section) {
-    forEachItem(section, [&](const Item& item) {
-        const auto setting = settingOf(item, parsing.mistakes, "\"name = ...\" or \"administrator = yes\"");
-        if (!setting) return;
-        if (setting->key == L"name") {
-            readUserName(parsing, item, setting->value);
-        } else if (setting->key == L"administrator") {
-            readFlag(item, setting->value, parsing.mistakes, parsing.machine.user.administrator);
-        } else {
-            parsing.mistakes.add(item.place, "unknown setting " + quoted(setting->name) +
-                                                 ", expected \"name\" or \"administrator\"");
-        }
     });
 }
 

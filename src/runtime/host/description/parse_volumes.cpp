@@ -2,6 +2,7 @@
 
 #include "runtime/host/description/fold.h"
 #include "runtime/host/description/section.h"
+#include "runtime/host/description/settings.h"
 
 /// [volumes], [cluster] and [services].
 
@@ -10,6 +11,8 @@ namespace description {
 namespace {
 
 // --- Volumes -----------------------------------------------------------------------------------------------
+
+constexpr const char* volumeExample = "C: = fixed NTFS \"System\" 100 GB free 40 GB";
 
 struct TypeName {
     std::wstring_view name;
@@ -103,28 +106,26 @@ bool readVolumeDetail(Scanner& scanner, VolumeDescription& volume) {
 }
 
 void parseVolume(Parsing& parsing, const Item& item, const Setting& setting) {
-    constexpr const char* example = ", expected one like C: = fixed NTFS \"System\" 100 GB free 40 GB";
+    const std::string expected = std::string(", expected one like ") + volumeExample;
     VolumeDescription volume;
     volume.facts.label = std::wstring();
     if (!readVolumeName(setting.name, volume.facts)) {
-        parsing.mistakes.add(item.place, quoted(setting.name) + " is no volume" + example);
+        parsing.mistakes.add(item.place, quoted(setting.name) + " is no volume" + expected);
         return;
     }
     Scanner scanner(setting.value);
     const auto* type = std::find_if(std::begin(typeNames), std::end(typeNames),
                                     [&](const TypeName& known) { return scanner.take(known.name); });
     if (type == std::end(typeNames)) {
-        parsing.mistakes.add(
-            item.place, quoted(setting.value) +
-                            " begins with no type of drive, expected fixed, removable, network, optical, "
-                            "ram or unknown");
+        parsing.mistakes.add(item.place, quoted(setting.value) + " begins with no type of drive, expected " +
+                                             alternatives(namesIn<TypeName>(typeNames)));
         return;
     }
     volume.facts.type = type->type;
     while (!scanner.atEnd()) {
         const std::wstring rest(scanner.rest());
         if (!readVolumeDetail(scanner, volume)) {
-            parsing.mistakes.add(item.place, quoted(rest) + " tells nothing about a volume" + example);
+            parsing.mistakes.add(item.place, quoted(rest) + " tells nothing about a volume" + expected);
             return;
         }
     }
@@ -133,15 +134,15 @@ void parseVolume(Parsing& parsing, const Item& item, const Setting& setting) {
 
 // --- Cluster -----------------------------------------------------------------------------------------------
 
-/// The states that the system tells, without regard to case; nothing for others.
-template <std::size_t count>
-std::wstring_view stateAtEnd(std::wstring_view text, const std::wstring_view (&states)[count]) {
+/// The longest of the states with which the text ends, behind a name; nothing when it ends with none.
+std::wstring_view stateAtEnd(std::wstring_view text, std::span<const std::wstring_view> states) {
+    std::wstring_view longest;
     for (const std::wstring_view state : states) {
-        if (text.size() < state.size() + 2) continue;
+        if (text.size() < state.size() + 2 || state.size() <= longest.size()) continue;
         const std::size_t begin = text.size() - state.size();
-        if (equalFolded(text.substr(begin), state) && text[begin - 1] == L' ') return state;
+        if (equalFolded(text.substr(begin), state) && text[begin - 1] == L' ') longest = state;
     }
-    return {};
+    return longest;
 }
 
 /// A node or group of the same name is replaced.
@@ -156,15 +157,11 @@ void putPart(std::vector<Part>& parts, Part part) {
     }
 }
 
-void readNode(Parsing& parsing, const Item& item, std::wstring_view value, host::ClusterFacts& facts) {
+void readNode(const SettingLine& line, host::ClusterFacts& facts) {
     static constexpr std::wstring_view states[] = {L"up", L"down", L"paused", L"joining", L"unknown"};
+    const std::wstring_view value = line.value;
     const std::wstring_view state = stateAtEnd(value, states);
-    if (state.empty()) {
-        parsing.mistakes.add(
-            item.place,
-            quoted(value) + " is no node, expected NAME and up, down, paused, joining or unknown");
-        return;
-    }
+    if (state.empty()) return line.reject(" is no node, expected NAME and " + alternatives(states));
     host::ClusterNode node;
     node.name = trimmed(value.substr(0, value.size() - state.size()));
     node.state = state;
@@ -172,16 +169,13 @@ void readNode(Parsing& parsing, const Item& item, std::wstring_view value, host:
 }
 
 /// "Cluster Group owner NODE1 online".
-void readClusterGroup(Parsing& parsing, const Item& item, std::wstring_view value,
-                      host::ClusterFacts& facts) {
-    static constexpr std::wstring_view states[] = {L"partly online", L"online",  L"offline",
-                                                   L"failed",        L"pending", L"unknown"};
+void readClusterGroup(const SettingLine& line, host::ClusterFacts& facts) {
+    static constexpr std::wstring_view states[] = {L"online",        L"offline", L"failed",
+                                                   L"partly online", L"pending", L"unknown"};
+    const std::wstring_view value = line.value;
     const std::wstring_view state = stateAtEnd(value, states);
     if (state.empty()) {
-        parsing.mistakes.add(item.place, quoted(value) +
-                                             " is no group, expected NAME [owner NODE] and online, offline, "
-                                             "failed, partly online, pending or unknown");
-        return;
+        return line.reject(" is no group, expected NAME [owner NODE] and " + alternatives(states));
     }
     host::ClusterGroup group;
     group.state = state;
@@ -195,31 +189,28 @@ void readClusterGroup(Parsing& parsing, const Item& item, std::wstring_view valu
     putPart(facts.groups, std::move(group));
 }
 
-void parseClusterItem(Parsing& parsing, const Item& item, ClusterDescription& cluster) {
-    if (isCause(item)) {
-        const auto line = causeLineOf(item, parsing.mistakes);
-        if (line) cluster.cause = line->cause;
-        return;
-    }
-    const auto setting = settingOf(item, parsing.mistakes, "one like node = NODE1 up");
-    if (!setting) return;
-    if (setting->key == L"name") {
-        cluster.facts.name = setting->value;
-    } else if (setting->key == L"node") {
-        readNode(parsing, item, setting->value, cluster.facts);
-    } else if (setting->key == L"group") {
-        readClusterGroup(parsing, item, setting->value, cluster.facts);
-    } else {
-        parsing.mistakes.add(item.place,
-                             "unknown setting " + quoted(setting->name) + ", expected name, node or group");
-    }
+/// Of the cluster that the section itself has made, before any of its lines is read.
+host::ClusterFacts& clusterOf(const SettingLine& line) {
+    return line.machine().cluster->facts;
+}
+
+constexpr SettingRow clusterRows[] = {
+    {L"name", [](const SettingLine& line) { clusterOf(line).name = line.value; }},
+    {L"node", [](const SettingLine& line) { readNode(line, clusterOf(line)); }},
+    {L"group", [](const SettingLine& line) { readClusterGroup(line, clusterOf(line)); }},
+};
+
+void parseClusterItem(Parsing& parsing, const Item& item) {
+    if (!isCause(item)) return parseSetting(parsing, item, clusterSettings);
+    const auto line = causeLineOf(item, parsing.mistakes);
+    if (line) parsing.machine.cluster->cause = line->cause;
 }
 
 // --- Services ----------------------------------------------------------------------------------------------
 
-constexpr std::wstring_view serviceStates[] = {L"running",      L"stopped",          L"start pending",
-                                               L"stop pending", L"continue pending", L"pause pending",
-                                               L"paused"};
+constexpr std::wstring_view serviceStates[] = {L"running",       L"stopped",      L"paused",
+                                               L"start pending", L"stop pending", L"continue pending",
+                                               L"pause pending"};
 
 void parseService(Parsing& parsing, const Item& item, const Setting& setting) {
     for (const std::wstring_view state : serviceStates) {
@@ -233,10 +224,8 @@ void parseService(Parsing& parsing, const Item& item, const Setting& setting) {
         parsing.machine.services[setting.key] = std::move(service);
         return;
     }
-    parsing.mistakes.add(item.place,
-                         quoted(setting.value) +
-                             " begins with no state, expected running, stopped, paused, start pending, stop "
-                             "pending, continue pending or pause pending, then the path of the image");
+    parsing.mistakes.add(item.place, quoted(setting.value) + " begins with no state, expected " +
+                                         alternatives(serviceStates) + ", then the path of the image");
 }
 
 void parseServiceItem(Parsing& parsing, const Item& item) {
@@ -249,8 +238,8 @@ void parseServiceItem(Parsing& parsing, const Item& item) {
         parsing.machine.services.erase(folded(*removed));
         return;
     }
-    const auto setting = settingOf(
-        item, parsing.mistakes, "one like rkhsmdrv = running C:\\Windows\\system32\\drivers\\rkhsmdrv.sys");
+    const auto setting =
+        settingOf(item, parsing.mistakes, "rkhsmdrv = running C:\\Windows\\system32\\drivers\\rkhsmdrv.sys");
     if (setting) parseService(parsing, item, *setting);
 }
 
@@ -264,12 +253,13 @@ void parseVolumeItem(Parsing& parsing, const Item& item) {
         parsing.machine.volumes.volumes.erase(folded(*removed));
         return;
     }
-    const auto setting =
-        settingOf(item, parsing.mistakes, "one like C: = fixed NTFS \"System\" 100 GB free 40 GB");
+    const auto setting = settingOf(item, parsing.mistakes, volumeExample);
     if (setting) parseVolume(parsing, item, *setting);
 }
 
 }  // namespace
+
+constinit const SettingTable clusterSettings{"node = NODE1 up", clusterRows};
 
 void parseVolumes(Parsing& parsing, const Section& section) {
     forEachItem(section, [&](const Item& item) { parseVolumeItem(parsing, item); });
@@ -277,8 +267,7 @@ void parseVolumes(Parsing& parsing, const Section& section) {
 
 void parseCluster(Parsing& parsing, const Section& section) {
     if (!parsing.machine.cluster) parsing.machine.cluster.emplace();
-    forEachItem(section,
-                [&](const Item& item) { parseClusterItem(parsing, item, *parsing.machine.cluster); });
+    forEachItem(section, [&](const Item& item) { parseClusterItem(parsing, item); });
 }
 
 void parseServices(Parsing& parsing, const Section& section) {

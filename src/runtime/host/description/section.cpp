@@ -31,11 +31,11 @@ void forEachItem(const Section& section, const std::function<void(const Item&)>&
     }
 }
 
-std::optional<Setting> settingOf(const Item& item, Mistakes& mistakes, const char* expected) {
+std::optional<Setting> settingOf(const Item& item, Mistakes& mistakes, const char* example) {
     const std::size_t equals = item.text.find(L'=');
     const std::wstring_view name = trimmed(item.text.substr(0, equals));
     if (equals == std::wstring_view::npos || name.empty()) {
-        mistakes.add(item.place, quoted(item.text) + " is no setting, expected " + expected);
+        mistakes.add(item.place, quoted(item.text) + " is no setting, expected one like " + example);
         return std::nullopt;
     }
     return Setting{folded(name), name, trimmed(item.text.substr(equals + 1))};
@@ -57,37 +57,6 @@ std::optional<CauseLine> causeLineOf(const Item& item, Mistakes& mistakes) {
 std::optional<std::wstring_view> removedName(const Item& item) {
     if (!item.text.starts_with(L"- ")) return std::nullopt;
     return trimmed(item.text.substr(2));
-}
-
-void readFlag(const Item& item, std::wstring_view value, Mistakes& mistakes, bool& target) {
-    if (equalFolded(value, L"yes")) {
-        target = true;
-    } else if (equalFolded(value, L"no")) {
-        target = false;
-    } else {
-        mistakes.add(item.place, quoted(value) + " is neither \"yes\" nor \"no\"");
-    }
-}
-
-void readNumber(const Item& item, std::wstring_view value, std::uint64_t maximum, Mistakes& mistakes,
-                std::uint32_t& target) {
-    const auto number = numberOf(value, maximum);
-    if (!number) {
-        mistakes.add(item.place,
-                     quoted(value) + " is no number, expected one up to " + std::to_string(maximum));
-        return;
-    }
-    target = static_cast<std::uint32_t>(*number);
-}
-
-void readSid(const Item& item, std::wstring_view value, Mistakes& mistakes,
-             std::optional<host::Sid>& target) {
-    const auto sid = sidOf(value);
-    if (sid) {
-        target = sid;
-    } else {
-        mistakes.add(item.place, quoted(value) + " is no SID, expected one like S-1-5-21-1-2-3");
-    }
 }
 
 }  // namespace description

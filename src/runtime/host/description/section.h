@@ -30,6 +30,8 @@ struct Parsing {
     const SourceFiles& files;
     Machine& machine;
     Mistakes& mistakes;
+    int depth = 0;        ///< how many descriptions stand on the one being read
+    bool atStart = true;  ///< nothing of its file has been read yet
 };
 
 /// One line of a section without comment and surrounding blanks.
@@ -49,8 +51,8 @@ struct Setting {
     std::wstring_view value;
 };
 
-/// Splits at the first "="; without one, a mistake that names what was `expected`, and nothing.
-std::optional<Setting> settingOf(const Item& item, Mistakes& mistakes, const char* expected);
+/// Splits at the first "="; without one, a mistake that shows the `example`, and nothing.
+std::optional<Setting> settingOf(const Item& item, Mistakes& mistakes, const char* example);
 
 /// "! refused WHAT", "! error 3 WHAT": a natural cause. `isCause` tells whether the line is one at all.
 struct CauseLine {
@@ -63,17 +65,8 @@ std::optional<CauseLine> causeLineOf(const Item& item, Mistakes& mistakes);
 /// The `NAME` of "- NAME"; nothing for other lines.
 std::optional<std::wstring_view> removedName(const Item& item);
 
-/// Readers of values: on another text they add a mistake and leave `target` alone.
-void readFlag(const Item& item, std::wstring_view value, Mistakes& mistakes, bool& target);
-void readNumber(const Item& item, std::wstring_view value, std::uint64_t maximum, Mistakes& mistakes,
-                std::uint32_t& target);
-void readSid(const Item& item, std::wstring_view value, Mistakes& mistakes, std::optional<host::Sid>& target);
-
-// The parsers, one for each subject.
-void parseSystem(Parsing& parsing, const Section& section);
+// The parsers of sections that are more than settings.
 void parseEnvironment(Parsing& parsing, const Section& section);
-void parseUser(Parsing& parsing, const Section& section);
-void parseDomain(Parsing& parsing, const Section& section);
 void parseUsers(Parsing& parsing, const Section& section, UserList& list);
 void parseGroups(Parsing& parsing, const Section& section, GroupList& list);
 void parseVolumes(Parsing& parsing, const Section& section);

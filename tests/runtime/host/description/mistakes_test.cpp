@@ -57,7 +57,8 @@ TEST_F(Mistakes, BaseOfItself) {
 }
 
 TEST_F(Mistakes, OfSystem) {
-    expectMistake("[system]", "computr = A", "unknown setting \"computr\", expected computer, windows");
+    expectMistake("[system]", "computr = A",
+                  "unknown setting \"computr\", expected \"computer\", \"windows\", ");
     expectMistake("[system]", "computer", "\"computer\" is no setting, expected one like computer = WS01");
     expectMistake("[system]", "version = 10.x", "\"10.x\" is no version, expected one like 10.0.20348.2113");
     expectMistake("[system]", "version = 1.2.3.4.5", "is no version");
@@ -132,7 +133,8 @@ TEST_F(Mistakes, OfVolumes) {
 }
 
 TEST_F(Mistakes, OfCluster) {
-    expectMistake("[cluster]", "nodes = A", "unknown setting \"nodes\", expected name, node or group");
+    expectMistake("[cluster]", "nodes = A",
+                  "unknown setting \"nodes\", expected \"name\", \"node\" or \"group\"");
     expectMistake("[cluster]", "node = NODE1", "is no node, expected NAME and up, down");
     expectMistake("[cluster]", "node = NODE1 sleeping", "is no node");
     expectMistake("[cluster]", "group = G owner A", "is no group");
