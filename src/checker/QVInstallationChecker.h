@@ -5,9 +5,9 @@
 #include <cstdio>
 
 #include "checker/InstalledFile.h"
-#include "checker/OwnedArray.h"
 #include "checker/ReportLines.h"
 #include "runtime/base/CString.h"
+#include "runtime/util/OwnedArray.h"
 #include "runtime/util/QVUser.h"
 
 class QVQuotaFile;

@@ -1,10 +1,10 @@
 #include <optional>
 
-#include "checker/OwnedArray.h"
 #include "checker/QVInstallationChecker.h"
 #include "checker/write_log.h"
 #include "runtime/base/QVErrno.h"
 #include "runtime/base/QVString.h"
+#include "runtime/util/OwnedArray.h"
 #include "runtime/util/QVDomainController.h"
 #include "runtime/util/QVGroup.h"
 #include "runtime/util/QVMain.h"

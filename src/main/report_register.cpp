@@ -1,12 +1,12 @@
 #include "main/report_register.h"
 
-#include "checker/OwnedArray.h"
 #include "checker/QVInstallationChecker.h"
 #include "checker/registry_keys.h"
 #include "runtime/base/QVLog.h"
 #include "runtime/base/QVString.h"
 #include "runtime/base/QVSystem.h"
 #include "runtime/cluster/QVCluster.h"
+#include "runtime/util/OwnedArray.h"
 #include "runtime/util/QVUser.h"
 
 namespace {

@@ -36,7 +36,7 @@ void askStrangers(const wchar_t* operation, int (QVUser::*question)(QVArray<QVGr
     for (const host::Account& stranger : strangers) {
         QVUser user(stranger);
         ask(operation, {user.fullName()}, [&] {
-            List<QVGroup> groups;
+            OwnedArray<QVGroup> groups;
             const int done = (user.*question)(groups);
             return formatted(L"%d, ", done) + shown(groups);
         });
@@ -58,9 +58,9 @@ void stop() {
 
 void askLocalAccounts() {
     start();
-    List<QVUser> users;
+    OwnedArray<QVUser> users;
     askForList(L"QVUser::mf_getComputerUserList", users, QVUser::mf_getComputerUserList);
-    List<QVGroup> groups;
+    OwnedArray<QVGroup> groups;
     using GroupList = int (*)(QVArray<QVGroup*, QVGroup*>&);
     askForList(L"QVGroup::mf_getComputerGroupList", groups,
                static_cast<GroupList>(QVGroup::mf_getComputerGroupList));
@@ -76,9 +76,9 @@ void askLocalAccounts() {
 
 void askDomainAccounts() {
     start();
-    List<QVUser> users;
+    OwnedArray<QVUser> users;
     askForList(L"QVUser::mf_getDomainUserList", users, QVUser::mf_getDomainUserList);
-    List<QVGroup> groups;
+    OwnedArray<QVGroup> groups;
     using GroupList = int (*)(QVArray<QVGroup*, QVGroup*>&);
     askForList(L"QVGroup::mf_getDomainLocalGroupList", groups,
                static_cast<GroupList>(QVGroup::mf_getDomainLocalGroupList));

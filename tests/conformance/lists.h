@@ -2,10 +2,7 @@
 
 /// Questions about lists of accounts.
 
-#include <memory>
-#include <vector>
-
-#include "runtime/util/QVArray.h"
+#include "runtime/util/OwnedArray.h"
 #include "runtime/util/QVSid.h"
 #include "tests/conformance/transcript.h"
 
@@ -23,19 +20,9 @@ CString shown(const QVArray<Entry*, Entry*>& list) {
     return text;
 }
 
-/// An array that deletes its elements.
-template <class Entry>
-class List : public QVArray<Entry*, Entry*> {
-public:
-    List() = default;
-    ~List() { deleteElements(*this); }
-    List(const List&) = delete;
-    List& operator=(const List&) = delete;
-};
-
 /// Asks for a list as a whole, and then writes a line for each of its accounts.
 template <class Entry, class Fill>
-void askForList(const wchar_t* operation, List<Entry>& list, Fill fill) {
+void askForList(const wchar_t* operation, OwnedArray<Entry>& list, Fill fill) {
     ask(operation, {}, [&] {
         const int done = fill(list);
         return formatted(L"%d, %d accounts", done, list.GetSize());
@@ -46,10 +33,10 @@ void askForList(const wchar_t* operation, List<Entry>& list, Fill fill) {
 
 /// What a call answers for each account of a list: `question(account, groups)`.
 template <class Entry, class Group, class Question>
-void askForEach(const wchar_t* operation, const List<Entry>& list, Question question) {
+void askForEach(const wchar_t* operation, const OwnedArray<Entry>& list, Question question) {
     for (int i = 0; i < list.GetSize(); ++i) {
         ask(operation, {list[i]->fullName()}, [&] {
-            List<Group> groups;
+            OwnedArray<Group> groups;
             const int done = question(*list[i], groups);
             return formatted(L"%d, ", done) + shown(groups);
         });

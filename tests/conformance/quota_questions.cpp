@@ -21,7 +21,7 @@ CString quotaOf(const SID* account) {
            shown(explanation);
 }
 
-void askForEachOf(const wchar_t* operation, const List<QVUser>& users) {
+void askForEachOf(const wchar_t* operation, const OwnedArray<QVUser>& users) {
     for (int i = 0; i < users.GetSize(); ++i)
         ask(operation, {users[i]->fullName()}, [&] { return quotaOf(users[i]->mf_getSid()); });
 }
@@ -54,14 +54,14 @@ void askQuotas() {
     askForSids(L"QVQuotaConfiguration::mf_getQuota before they were read");
     QVMain::mf_startDomainController(0);
     createInstance();
-    List<QVUser> local;
+    OwnedArray<QVUser> local;
     QVUser::mf_getComputerUserList(local);
     askForEachOf(L"QVQuotaConfiguration::mf_getQuota", local);
     int joined = 0;
     ask(L"QVDomainController::mf_isJoined", {L"for the quotas"},
         [&] { return shown(joined = QVDomainController::mf_isJoined()); });
     if (joined != 0) {
-        List<QVUser> domain;
+        OwnedArray<QVUser> domain;
         QVUser::mf_getDomainUserList(domain);
         askForEachOf(L"QVQuotaConfiguration::mf_getQuota", domain);
         QVMain::mf_startDomainController(0);  // without a list that was read before

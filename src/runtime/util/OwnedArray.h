@@ -2,7 +2,7 @@
 
 #include "runtime/util/QVArray.h"
 
-/// An array of pointers that owns what it points to: whatever leaves a report, its list goes with it.
+/// An array of pointers that owns what it points to: however a block is left, its list goes with it.
 template <class Element>
 class OwnedArray : public QVArray<Element*, Element*> {
 public:
