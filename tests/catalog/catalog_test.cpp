@@ -131,20 +131,4 @@ TEST(Catalog, UsageNamesEveryKeywordAndOption) {
     EXPECT_FALSE(isListed(L"nonsense"));
 }
 
-TEST(QVString, FormatsItsInserts) {
-    EXPECT_EQ(CString(QVString(3261, CString(L"CORP"))), L"    Domain:                    CORP\r\n");
-    EXPECT_EQ(CString(QVString(3249, 0x80U)), L"       00000080 all bits of the filter\n");
-}
-
-TEST(QVString, AnIdentifierWithoutTextKeepsItsInserts) {
-    EXPECT_EQ(CString(QVString::unchecked(9999, {})), L"[9999]");
-    EXPECT_EQ(CString(QVString::unchecked(9999, {L"a%s", 0x20U, L'x', -1})), L"[9999|a%s|32|x|-1]");
-}
-
-TEST(QVString, TextIsReadableWhileTheObjectLives) {
-    const QVString text(3268);
-    const wchar_t* const pointer = text;
-    EXPECT_EQ(CString(pointer), CString(text));
-}
-
 }  // namespace

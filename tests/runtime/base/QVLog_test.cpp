@@ -2,12 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <fstream>
-#include <sstream>
+#include <filesystem>
 #include <string>
 
 #include "runtime/base/QVErrno.h"
+#include "tests/files.h"
 
 namespace {
 
@@ -15,44 +14,27 @@ constexpr const char* logName = "kvxlogtest.log";
 constexpr const char* oldLogName = "kvxlogtest.old.log";
 constexpr std::size_t eightMebibytes = 8U * 1024 * 1024;
 
-std::string contents(const char* name) {
-    std::ostringstream text;
-    text << std::ifstream(name, std::ios::binary).rdbuf();
-    return text.str();
-}
-
-bool exists(const char* name) {
-    return std::ifstream(name).good();
-}
-
-/// A log in the current directory, gone afterwards.
+/// A log in a folder of its own.
 class QVLogTest : public testing::Test {
 protected:
-    QVLogTest() { removeFiles(); }
-    ~QVLogTest() override {
-        QVLog::stop();
-        removeFiles();
-    }
+    ~QVLogTest() override { QVLog::stop(); }
 
     /// Makes a file of one line.
     static void fill(const char* name, std::size_t size) {
-        std::ofstream(name, std::ios::binary) << std::string(size - 1, 'x') << '\n';
+        makeFile(name, std::string(size - 1, 'x') + '\n');
     }
 
-    static void removeFiles() {
-        std::remove(logName);
-        std::remove(oldLogName);
-    }
+    TemporaryDirectory m_here;
 };
 
 TEST_F(QVLogTest, WritesNothingUnlessStarted) {
     QVLog::mf_writeMessage(QVLogData::LEVEL_E, L"test", L"too early");
-    EXPECT_FALSE(exists(logName));
+    EXPECT_FALSE(std::filesystem::exists(logName));
     QVLog::start(CString(logName));
     QVLog::mf_writeMessage(QVLogData::LEVEL_E, L"test", L"in time");
     QVLog::stop();
     QVLog::mf_writeMessage(QVLogData::LEVEL_E, L"test", L"too late");
-    const std::string text = contents(logName);
+    const std::string text = fileBytes(logName);
     EXPECT_NE(text.find("] E test: in time\r\n"), std::string::npos);
     EXPECT_EQ(text.find("too"), std::string::npos);
 }
@@ -60,7 +42,7 @@ TEST_F(QVLogTest, WritesNothingUnlessStarted) {
 TEST_F(QVLogTest, ARecordIsOnTheDiskBeforeTheNextStep) {
     QVLog::start(CString(logName));
     QVLog::mf_writeMessage(QVLogData::LEVEL_E, L"test", L"one %s", L"insert");
-    EXPECT_NE(contents(logName).find("one insert\r\n"), std::string::npos);
+    EXPECT_NE(fileBytes(logName).find("one insert\r\n"), std::string::npos);
 }
 
 TEST_F(QVLogTest, IsAppendedTo) {
@@ -68,17 +50,17 @@ TEST_F(QVLogTest, IsAppendedTo) {
     QVLog::start(CString(logName));
     QVLog::mf_writeMessage(QVLogData::LEVEL_E, L"test", L"more");
     QVLog::stop();
-    EXPECT_EQ(contents(logName).substr(0, 10), "xxxxxxxxx\n");
-    EXPECT_EQ(contents(logName).find("more\r\n"), contents(logName).size() - 6);
-    EXPECT_FALSE(exists(oldLogName));
+    EXPECT_EQ(fileBytes(logName).substr(0, 10), "xxxxxxxxx\n");
+    EXPECT_EQ(fileBytes(logName).find("more\r\n"), fileBytes(logName).size() - 6);
+    EXPECT_FALSE(std::filesystem::exists(oldLogName));
 }
 
 TEST_F(QVLogTest, GrowsOnUpToEightMebibytes) {
     fill(logName, eightMebibytes);
     QVLog::start(CString(logName));
     QVLog::stop();
-    EXPECT_FALSE(exists(oldLogName));
-    EXPECT_EQ(contents(logName).size(), eightMebibytes);
+    EXPECT_FALSE(std::filesystem::exists(oldLogName));
+    EXPECT_EQ(fileBytes(logName).size(), eightMebibytes);
 }
 
 TEST_F(QVLogTest, IsRenamedAboveEightMebibytesAndReplacesAnOlderOne) {
@@ -87,8 +69,8 @@ TEST_F(QVLogTest, IsRenamedAboveEightMebibytesAndReplacesAnOlderOne) {
     QVLog::start(CString(logName));
     QVLog::mf_writeMessage(QVLogData::LEVEL_E, L"test", L"fresh");
     QVLog::stop();
-    EXPECT_EQ(contents(oldLogName).size(), eightMebibytes + 1);
-    EXPECT_LT(contents(logName).size(), 200U);
+    EXPECT_EQ(fileBytes(oldLogName).size(), eightMebibytes + 1);
+    EXPECT_LT(fileBytes(logName).size(), 200U);
 }
 
 TEST_F(QVLogTest, ALogThatCannotBeOpenedIsAnError) {
@@ -102,7 +84,7 @@ TEST_F(QVLogTest, NoInsertCanForgeARecord) {
                            L"a\r\n2026-01-01 00:00:00.000+00:00 [1] E forged: x\nb\rc\x0B\x1B[2J\x85"
                            L"d\u2028e");
     QVLog::stop();
-    const std::string text = contents(logName);
+    const std::string text = fileBytes(logName);
     EXPECT_NE(
         text.find(
             "name 'a\r\n    2026-01-01 00:00:00.000+00:00 [1] E forged: x\r\n    b\r\n    c\r\n    \\x1B[2J\r\n    "
@@ -115,7 +97,7 @@ TEST_F(QVLogTest, TextIsUtf8) {
     QVLog::start(CString(logName));
     QVLog::mf_writeMessage(QVLogData::LEVEL_E, L"test", L"%s", L"\u00E9\u4E2D");
     QVLog::stop();
-    EXPECT_NE(contents(logName).find("\xC3\xA9\xE4\xB8\xAD\r\n"), std::string::npos);
+    EXPECT_NE(fileBytes(logName).find("\xC3\xA9\xE4\xB8\xAD\r\n"), std::string::npos);
 }
 
 TEST_F(QVLogTest, LevelsHaveTheirMasks) {

@@ -1,12 +1,9 @@
 #include "runtime/util/QVMain.h"
 
-#include <cstdio>
-#include <fstream>
-#include <sstream>
-
 #include "runtime/base/QVLog.h"
 #include "runtime/util/DomainSession.h"
 #include "runtime/util/QVStorage.h"
+#include "tests/files.h"
 #include "tests/runtime/error_of.h"
 
 namespace {
@@ -23,14 +20,11 @@ protected:
         QVMain::mf_stopStorage();
         QVMain::mf_stopLogging();
         QVMain::mf_deleteInstance();
-        std::remove(logName);
     }
 
-    static std::string logged() {
-        std::ostringstream text;
-        text << std::ifstream(logName, std::ios::binary).rdbuf();
-        return text.str();
-    }
+    static std::string logged() { return fileBytes(logName); }
+
+    TemporaryDirectory m_here;
 };
 
 TEST_F(QVMainTest, StopsWhatNeverStarted) {

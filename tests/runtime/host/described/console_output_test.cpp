@@ -5,9 +5,9 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <fstream>
 #include <thread>
 
+#include "tests/files.h"
 #include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {

@@ -1,19 +1,13 @@
 #include <fstream>
-#include <sstream>
 
 #include "runtime/host/host.h"
+#include "tests/files.h"
 #include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
 
 class LogFile : public DescribedMachine {
 protected:
-    static std::string contents(const char* name) {
-        std::stringstream text;
-        text << std::ifstream(name, std::ios::binary).rdbuf();
-        return text.str();
-    }
-
     TemporaryDirectory m_here;
 };
 
@@ -24,7 +18,7 @@ TEST_F(LogFile, GrowsAndIsWrittenAtOnce) {
     auto file = host::openForAppending(L"a.log", 100, L"a.old.log");
     ASSERT_TRUE(file.found());
     EXPECT_TRUE(file.value->append("new"));
-    EXPECT_EQ(contents("a.log"), "old\nnew");
+    EXPECT_EQ(fileBytes("a.log"), "old\nnew");
     EXPECT_TRUE(file.value->append(""));
     EXPECT_FALSE(std::filesystem::exists("a.old.log"));
 }
@@ -39,10 +33,10 @@ TEST_F(LogFile, IsRotatedAboveTheLimitOnly) {
     std::ofstream("a.log") << "1234\n";
     std::ofstream("a.old.log") << "older";
     ASSERT_TRUE(host::openForAppending(L"a.log", 5, L"a.old.log").found());
-    EXPECT_EQ(contents("a.log"), "1234\n");
+    EXPECT_EQ(fileBytes("a.log"), "1234\n");
     ASSERT_TRUE(host::openForAppending(L"a.log", 4, L"a.old.log").found());
-    EXPECT_EQ(contents("a.log"), "");
-    EXPECT_EQ(contents("a.old.log"), "1234\n");
+    EXPECT_EQ(fileBytes("a.log"), "");
+    EXPECT_EQ(fileBytes("a.old.log"), "1234\n");
 }
 
 TEST_F(LogFile, GrowsOnWhenItCannotBeRotated) {
@@ -51,29 +45,29 @@ TEST_F(LogFile, GrowsOnWhenItCannotBeRotated) {
     auto file = host::openForAppending(L"a.log", 4, L"a.old.log");
     ASSERT_TRUE(file.found());
     EXPECT_TRUE(file.value->append("6"));
-    EXPECT_EQ(contents("a.log"), "1234\n6");
+    EXPECT_EQ(fileBytes("a.log"), "1234\n6");
 }
 
 TEST_F(LogFile, FinishesTheLineThatAnEarlierRunCouldNot) {
     std::ofstream("a.log") << "one\r\ntw";
     ASSERT_TRUE(host::openForAppending(L"a.log", 100, L"a.old.log").found());
-    EXPECT_EQ(contents("a.log"), "one\r\ntw\r\n");
+    EXPECT_EQ(fileBytes("a.log"), "one\r\ntw\r\n");
     ASSERT_TRUE(host::openForAppending(L"a.log", 100, L"a.old.log").found());
-    EXPECT_EQ(contents("a.log"), "one\r\ntw\r\n");
+    EXPECT_EQ(fileBytes("a.log"), "one\r\ntw\r\n");
     std::ofstream("a.log") << "one\r";
     auto file = host::openForAppending(L"a.log", 100, L"a.old.log");
     EXPECT_TRUE(file.value->append("two"));
-    EXPECT_EQ(contents("a.log"), "one\r\r\ntwo");
+    EXPECT_EQ(fileBytes("a.log"), "one\r\r\ntwo");
 }
 
 TEST_F(LogFile, NothingIsFinishedInAnEmptyOrARenamedFile) {
     std::ofstream("a.log") << "";
     ASSERT_TRUE(host::openForAppending(L"a.log", 4, L"a.old.log").found());
-    EXPECT_EQ(contents("a.log"), "");
+    EXPECT_EQ(fileBytes("a.log"), "");
     std::ofstream("a.log") << "12345";
     ASSERT_TRUE(host::openForAppending(L"a.log", 4, L"a.old.log").found());
-    EXPECT_EQ(contents("a.log"), "");
-    EXPECT_EQ(contents("a.old.log"), "12345");
+    EXPECT_EQ(fileBytes("a.log"), "");
+    EXPECT_EQ(fileBytes("a.old.log"), "12345");
 }
 
 TEST_F(LogFile, TellsWhyItCannotBeOpened) {

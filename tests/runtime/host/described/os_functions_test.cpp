@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "runtime/host/description/scanner.h"
+#include "tests/files.h"
 #include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {

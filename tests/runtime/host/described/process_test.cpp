@@ -3,9 +3,9 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <sstream>
 
 #include "runtime/host/host.h"
+#include "tests/files.h"
 #include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
@@ -20,11 +20,7 @@ protected:
         dup2(file, STDOUT_FILENO);
         close(file);
     }
-    static std::string output() {
-        std::stringstream text;
-        text << std::ifstream("out", std::ios::binary).rdbuf();
-        return text.str();
-    }
+    static std::string output() { return fileBytes("out"); }
 
     TemporaryDirectory m_here;
 };

@@ -1,6 +1,7 @@
 #include <fstream>
 
 #include "runtime/host/host.h"
+#include "tests/files.h"
 #include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {

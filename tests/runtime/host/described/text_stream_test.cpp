@@ -1,7 +1,6 @@
-#include <fstream>
-#include <sstream>
 
 #include "runtime/host/described/os_functions.h"
+#include "tests/files.h"
 #include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
@@ -19,9 +18,7 @@ Written written(const wchar_t* format, Inserts... inserts) {
     Written output;
     output.result = fwprintf_s(stream, format, inserts...);
     std::fclose(stream);
-    std::stringstream bytes;
-    bytes << std::ifstream("out", std::ios::binary).rdbuf();
-    output.bytes = bytes.str();
+    output.bytes = fileBytes("out");
     return output;
 }
 

@@ -3,11 +3,7 @@
 
 namespace {
 
-class Volumes : public DescribedMachine {};
-class Cluster : public DescribedMachine {};
-class Services : public DescribedMachine {};
-
-}  // namespace
+using Volumes = DescribedMachine;
 
 TEST_F(Volumes, AreTold) {
     describe("[volumes]\nc: = fixed NTFS \"My \"\"own\"\"\" 100 GB free 512\n");
@@ -72,57 +68,4 @@ TEST_F(Volumes, AreReplacedAndTakenOut) {
     EXPECT_EQ(host::volumes().value[0].fileSystem.value, L"ReFS");
 }
 
-TEST_F(Cluster, IsTold) {
-    describe(
-        "[cluster]\nname = CLU1\nnode = NODE1 up\nnode = NODE TWO down\n"
-        "group = Cluster Group owner NODE1 online\n"
-        "group = The owner of it all partly online\nnode = node1 PAUSED\n");
-    const auto cluster = host::cluster();
-    ASSERT_TRUE(cluster.found());
-    EXPECT_EQ(cluster.value.name, L"CLU1");
-    ASSERT_EQ(cluster.value.nodes.size(), 2U);
-    EXPECT_EQ(cluster.value.nodes[0].state, L"paused");
-    EXPECT_EQ(cluster.value.nodes[1].name, L"NODE TWO");
-    EXPECT_EQ(cluster.value.nodes[1].state, L"down");
-    ASSERT_EQ(cluster.value.groups.size(), 2U);
-    EXPECT_EQ(cluster.value.groups[0].name, L"Cluster Group");
-    EXPECT_EQ(cluster.value.groups[0].owner, L"NODE1");
-    EXPECT_EQ(cluster.value.groups[0].state, L"online");
-    EXPECT_EQ(cluster.value.groups[1].state, L"partly online");
-}
-
-TEST_F(Cluster, AGroupNeedNoOwner) {
-    describe("[cluster]\ngroup = Lost failed\n");
-    EXPECT_EQ(host::cluster().value.groups.at(0).name, L"Lost");
-    EXPECT_EQ(host::cluster().value.groups.at(0).owner, L"");
-}
-
-TEST_F(Cluster, NaturalCauses) {
-    describe("[cluster]\nname = A\n! error 5050\n");
-    EXPECT_EQ(host::cluster().failure.code, 5050U);
-    describe("[cluster]\nname = A\n[cluster]\nclear\n");
-    EXPECT_TRUE(host::cluster().isMissing());
-}
-
-TEST_F(Services, AreTold) {
-    describe(
-        "[services]\nrkhsmdrv = running C:\\Windows\\system32\\drivers\\x y.sys\nother = Stopped\n"
-        "third = start pending\n");
-    const auto service = host::service(L"RKHSMDRV");
-    ASSERT_TRUE(service.found());
-    EXPECT_TRUE(service.value.running);
-    EXPECT_EQ(service.value.state, L"running");
-    EXPECT_EQ(service.value.imagePath, L"C:\\Windows\\system32\\drivers\\x y.sys");
-    EXPECT_FALSE(host::service(L"other").value.running);
-    EXPECT_EQ(host::service(L"other").value.imagePath, L"C:\\Windows\\system32\\drivers\\other.sys");
-    EXPECT_EQ(host::service(L"third").value.state, L"start pending");
-    EXPECT_TRUE(host::service(L"none").isMissing());
-}
-
-TEST_F(Services, NaturalCauses) {
-    describe("[services]\na = running\nb = running\n! refused a\n! error 1060 c\n- b\n! error 1722 d\n");
-    EXPECT_EQ(host::service(L"a").status, host::Status::refused);
-    EXPECT_TRUE(host::service(L"b").isMissing());
-    EXPECT_TRUE(host::service(L"c").isMissing());
-    EXPECT_EQ(host::service(L"d").failure.code, 1722U);
-}
+}  // namespace

@@ -1,9 +1,5 @@
-#include <fstream>
-#include <regex>
-#include <set>
-#include <sstream>
+#include "runtime/host/description/failures.h"
 
-#include "runtime/host/description/operation_names.h"
 #include "runtime/host/host.h"
 #include "tests/runtime/host/description/machine_fixture.h"
 
@@ -123,36 +119,4 @@ TEST_F(Failures, CountingBeginsAgainWithTheMachine) {
 TEST_F(Failures, ClearForgetsThem) {
     describe("[failures]\nQVPath::mf_exists : foreign\n[failures]\nclear\n");
     EXPECT_FALSE(host::verdictsArePlanned());
-}
-
-/// The list of operations and the sources agree: what is described happens, and nothing that happens is
-/// refused.
-TEST(OperationNames, AreThoseOfTheSources) {
-    std::set<std::string> inSources;
-    const std::regex begins("answersZero\\(\\s*L\"([^\"]+)\"");
-    for (const auto& file :
-         std::filesystem::recursive_directory_iterator(projectFolder() / "src" / "runtime")) {
-        if (file.path().extension() != ".cpp") continue;
-        std::stringstream text;
-        text << std::ifstream(file.path()).rdbuf();
-        const std::string source = text.str();
-        for (std::sregex_iterator at(source.begin(), source.end(), begins), end; at != end; ++at) {
-            inSources.insert((*at)[1].str());
-        }
-    }
-    std::set<std::string> listed;
-    for (const description::OperationName& operation : description::operationNames()) {
-        if (!operation.ofSystem) listed.insert(host::toUtf8(operation.name));
-    }
-    EXPECT_EQ(listed, inSources);
-}
-
-TEST(OperationNames, OfTheSystemAreDeclared) {
-    std::stringstream text;
-    text << std::ifstream(projectFolder() / "src/runtime/host/described/os_functions.h").rdbuf();
-    for (const description::OperationName& operation : description::operationNames()) {
-        if (!operation.ofSystem) continue;
-        EXPECT_NE(text.str().find(" " + host::toUtf8(operation.name) + "("), std::string::npos)
-            << host::toUtf8(operation.name);
-    }
 }

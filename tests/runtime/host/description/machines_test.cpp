@@ -1,6 +1,7 @@
 /// The machines that come with the project.
 
 #include "runtime/host/host.h"
+#include "tests/project_folder.h"
 #include "tests/runtime/host/description/machine_fixture.h"
 #include "tests/runtime/host/domain_named.h"
 

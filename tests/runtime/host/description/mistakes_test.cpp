@@ -2,6 +2,7 @@
 
 #include <fstream>
 
+#include "tests/files.h"
 #include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {

@@ -8,6 +8,7 @@
 #include <set>
 #include <sstream>
 
+#include "tests/project_folder.h"
 #include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {

@@ -2,8 +2,7 @@
 
 #include <fstream>
 
-#include "runtime/host/description/fold.h"
-#include "runtime/host/description/scanner.h"
+#include "tests/files.h"
 #include "tests/runtime/host/description/machine_fixture.h"
 
 namespace {
@@ -56,35 +55,4 @@ TEST(RealFiles, TellsWhyAFileCannotBeRead) {
     EXPECT_EQ(why, "the sample has no such file");
     std::ofstream("long") << std::string(100000, 'x');
     EXPECT_EQ(description::RealFiles().read("long", why)->size(), 100000U);
-}
-
-TEST(Folded, MakesOneCase) {
-    EXPECT_EQ(description::folded(L"ABCxyz019"), L"abcxyz019");
-    EXPECT_EQ(description::folded(L"\u00C4\u00D7\u00DF\u0178\u0100\u0141\u0152"),
-              L"\u00E4\u00D7\u00DF\u00FF\u0101\u0142\u0153");
-    EXPECT_EQ(description::folded(L"\u0130\u0131\u0138\u017F"), L"\u0130\u0131\u0138\u017F");
-    EXPECT_EQ(description::folded(L"\u0410\u042F\u0401\u0391\u03A9"), L"\u0430\u044F\u0451\u03B1\u03C9");
-    EXPECT_TRUE(description::equalFolded(L"A", L"a"));
-    EXPECT_FALSE(description::equalFolded(L"A", L"ab"));
-}
-
-TEST(SizeOf, CountsInUnitsOf1024) {
-    EXPECT_EQ(description::sizeOf(L"16", L"GB"), 17179869184U);
-    EXPECT_EQ(description::sizeOf(L"1.5", L"kb"), 1536U);
-    EXPECT_EQ(description::sizeOf(L"7", L""), 7U);
-    EXPECT_EQ(description::sizeOf(L"16383", L"PB"), 16383U * 1125899906842624U);
-    EXPECT_FALSE(description::sizeOf(L"16384", L"PB"));
-    EXPECT_FALSE(description::sizeOf(L"1", L"XB"));
-    EXPECT_FALSE(description::sizeOf(L"", L"GB"));
-    EXPECT_FALSE(description::sizeOf(L"1.", L"GB"));
-}
-
-TEST(CodeOf, IsDecimalOrHexadecimal) {
-    EXPECT_EQ(description::codeOf(L"1722"), 1722U);
-    EXPECT_EQ(description::codeOf(L"0x80310000"), 0x80310000U);
-    EXPECT_EQ(description::codeOf(L"0xAb"), 0xABU);
-    EXPECT_EQ(description::codeOf(L"4294967295"), 0xFFFFFFFFU);
-    for (const wchar_t* text : {L"", L"0x", L"0x123456789", L"0xg", L"4294967296", L"-1", L"5a"}) {
-        EXPECT_FALSE(description::codeOf(text)) << text;
-    }
 }
