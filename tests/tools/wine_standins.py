@@ -1,7 +1,7 @@
 """Stand-in system libraries under Wine, which answer from the described machine of a scenario.
 
 They stand in the prefix's system folder, where the program loads the system's own from. What a healthy
-machine would not answer stands in the block `quirks` (tests/windows/made_up/quirks.h has the lines); the line
+machine would not answer stands in the block `quirks` (tests/windows/made_up/shared/quirks.h has the lines); the line
 `no cluster library` there takes that library away. The block `calls` says how often what was called.
 """
 

@@ -1,8 +1,8 @@
 /// The made-up network library itself: a wrong call gets the code that the system would give, so that it is
 /// seen.
 
-#include "made_up.h"
 #include "runtime/host/windows/net_api.h"
+#include "tests/windows/made_up/made_up.h"
 
 namespace {
 

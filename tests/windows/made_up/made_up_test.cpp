@@ -1,7 +1,7 @@
 /// The Windows host over made-up system libraries (netapi32.cpp, clusapi.cpp), which must stand in the
 /// system's folder: what no test machine has at hand, domains, long lists, refusals and clusters.
 
-#include "made_up.h"
+#include "tests/windows/made_up/made_up.h"
 
 namespace {
 

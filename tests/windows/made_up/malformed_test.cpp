@@ -1,7 +1,7 @@
 /// Answers that no healthy server gives: what is missing in them must not crash the program, and what is left
 /// must not be taken for the whole.
 
-#include "made_up.h"
+#include "tests/windows/made_up/made_up.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 /// The members of groups, as the network library tells them: those of local groups by SID, those of global
 /// groups by name.
 
-#include "call.h"
-#include "exports.h"
 #include "runtime/host/description/fold.h"
 #include "runtime/host/description/known_sids.h"
+#include "tests/windows/made_up/netapi32/call.h"
+#include "tests/windows/made_up/netapi32/exports.h"
 
 namespace made_up {
 

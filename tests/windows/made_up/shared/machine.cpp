@@ -1,12 +1,12 @@
-#include "machine.h"
+#include "tests/windows/made_up/shared/machine.h"
 
 #include <algorithm>
 #include <cstdio>
 
-#include "quirks.h"
 #include "runtime/host/description/state.h"
 #include "runtime/host/os.h"
 #include "runtime/host/utf.h"
+#include "tests/windows/made_up/shared/quirks.h"
 
 namespace made_up {
 

@@ -2,17 +2,17 @@
 /// or a network one. The program imports these functions from a library that always stays the system's own,
 /// so it is its imports that are replaced.
 
-#include "volumes.h"
+#include "tests/windows/made_up/clusapi/volumes.h"
 
 #include <algorithm>
 #include <bit>
 #include <cwchar>
 #include <iterator>
 
-#include "imports.h"
-#include "machine.h"
-#include "quirks.h"
 #include "runtime/host/os.h"
+#include "tests/windows/made_up/shared/imports.h"
+#include "tests/windows/made_up/shared/machine.h"
+#include "tests/windows/made_up/shared/quirks.h"
 
 namespace made_up {
 

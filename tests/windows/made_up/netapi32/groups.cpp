@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cwchar>
 
-#include "call.h"
-#include "exports.h"
 #include "runtime/host/description/fold.h"
+#include "tests/windows/made_up/netapi32/call.h"
+#include "tests/windows/made_up/netapi32/exports.h"
 
 namespace made_up {
 

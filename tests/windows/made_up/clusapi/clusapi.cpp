@@ -8,13 +8,13 @@
 #include <cwchar>
 #include <string>
 
-#include "imports.h"
-#include "machine.h"
-#include "quirks.h"
 #include "runtime/host/description/fold.h"
 #include "runtime/host/os.h"
-#include "services.h"
-#include "volumes.h"
+#include "tests/windows/made_up/clusapi/services.h"
+#include "tests/windows/made_up/clusapi/volumes.h"
+#include "tests/windows/made_up/shared/imports.h"
+#include "tests/windows/made_up/shared/machine.h"
+#include "tests/windows/made_up/shared/quirks.h"
 
 namespace {
 

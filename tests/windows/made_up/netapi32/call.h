@@ -2,9 +2,9 @@
 
 /// One call of a stand-in library: where it goes, and why it is not answered.
 
-#include "machine.h"
-#include "quirks.h"
-#include "records.h"
+#include "tests/windows/made_up/netapi32/records.h"
+#include "tests/windows/made_up/shared/machine.h"
+#include "tests/windows/made_up/shared/quirks.h"
 
 namespace made_up {
 

@@ -1,4 +1,4 @@
-#include "call.h"
+#include "tests/windows/made_up/netapi32/call.h"
 
 #include <algorithm>
 

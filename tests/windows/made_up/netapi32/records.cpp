@@ -1,8 +1,8 @@
-#include "records.h"
+#include "tests/windows/made_up/netapi32/records.h"
 
 #include <map>
 
-#include "machine.h"
+#include "tests/windows/made_up/shared/machine.h"
 
 namespace made_up {
 

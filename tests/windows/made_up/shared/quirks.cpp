@@ -1,4 +1,4 @@
-#include "quirks.h"
+#include "tests/windows/made_up/shared/quirks.h"
 
 #include <cstdlib>
 #include <limits>
@@ -6,9 +6,9 @@
 #include <regex>
 #include <vector>
 
-#include "machine.h"
 #include "runtime/host/description/source.h"
 #include "runtime/host/utf.h"
+#include "tests/windows/made_up/shared/machine.h"
 
 namespace made_up {
 

@@ -1,4 +1,4 @@
-#include "imports.h"
+#include "tests/windows/made_up/shared/imports.h"
 
 #include <cstring>
 

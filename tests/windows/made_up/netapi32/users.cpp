@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "call.h"
-#include "exports.h"
+#include "tests/windows/made_up/netapi32/call.h"
+#include "tests/windows/made_up/netapi32/exports.h"
 
 namespace made_up {
 

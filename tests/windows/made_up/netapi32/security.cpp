@@ -1,4 +1,4 @@
-#include "security.h"
+#include "tests/windows/made_up/netapi32/security.h"
 
 #include "runtime/host/os.h"
 
@@ -9,8 +9,8 @@
 #include <cwchar>
 #include <optional>
 
-#include "call.h"
-#include "imports.h"
+#include "tests/windows/made_up/netapi32/call.h"
+#include "tests/windows/made_up/shared/imports.h"
 
 namespace made_up {
 

@@ -4,10 +4,10 @@
 ///
 /// What the system would forgive, though it costs time or memory, ends the process here.
 
-#include "call.h"
-#include "exports.h"
-#include "imports.h"
-#include "security.h"
+#include "tests/windows/made_up/netapi32/call.h"
+#include "tests/windows/made_up/netapi32/exports.h"
+#include "tests/windows/made_up/netapi32/security.h"
+#include "tests/windows/made_up/shared/imports.h"
 
 long KvxOutstanding() {
     return made_up::piecesOut();

@@ -1,14 +1,14 @@
 /// Questions about services and images that fail, where the system of a test machine refuses nothing.
 
-#include "services.h"
+#include "tests/windows/made_up/clusapi/services.h"
 
 #include <bit>
 #include <cstring>
 
-#include "imports.h"
-#include "machine.h"
-#include "quirks.h"
 #include "runtime/host/os.h"
+#include "tests/windows/made_up/shared/imports.h"
+#include "tests/windows/made_up/shared/machine.h"
+#include "tests/windows/made_up/shared/quirks.h"
 
 namespace made_up {
 
