@@ -1,36 +1,28 @@
 #!/usr/bin/env python3
 """The check of the mirror: each way in which tests can depart from the sources."""
 
-import tempfile
 import unittest
-from pathlib import Path
 from unittest import mock
 
 import mirror
+from folder_case import FolderCase
 
 CODE = "inline int one() {\n    return 1;\n}\n"
 
 
-class Project(unittest.TestCase):
-    """A small project of which each test makes the files."""
+class Project(FolderCase):
+    """A small project to which each test adds files."""
 
     def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.project = Path(folder.name)
+        super().setUp()
         for name in ("src/runtime/util/list.cpp", "tests/runtime/util/list_test.cpp", "catalog/catalog.cpp",
                      "tests/catalog/catalog_test.cpp"):
-            self.make(name)
-
-    def make(self, name: str, text: str = ""):
-        path = self.project / name
-        path.parent.mkdir(parents=True, exist_ok=True)
-        path.write_text(text)
+            self.write(name)
 
     def faults(self, elsewhere=None, of_no_source=None) -> list[str]:
         with mock.patch.object(mirror, "ELSEWHERE", elsewhere or {}), \
              mock.patch.object(mirror, "OF_NO_SOURCE", of_no_source or {}):
-            return mirror.faults(self.project)
+            return mirror.faults(self.folder)
 
 
 class Sources(Project):
@@ -38,26 +30,26 @@ class Sources(Project):
         self.assertEqual(self.faults(), [])
 
     def test_a_source_without_test_is_found(self):
-        self.make("src/runtime/util/tree.cpp")
-        self.make("catalog/english/english.cpp")
+        self.write("src/runtime/util/tree.cpp")
+        self.write("catalog/english/english.cpp")
         self.assertEqual([fault.split()[0] for fault in self.faults()],
                          ["catalog/english/english.cpp", "src/runtime/util/tree.cpp"])
 
     def test_a_test_in_another_place_does_not_count(self):
-        self.make("src/runtime/util/tree.cpp")
-        self.make("tests/runtime/tree_test.cpp")
+        self.write("src/runtime/util/tree.cpp")
+        self.write("tests/runtime/tree_test.cpp")
         self.assertEqual([fault.split()[0] for fault in self.faults()],
                          ["src/runtime/util/tree.cpp", "tests/runtime/tree_test.cpp"])
 
     def test_a_header_counts_when_it_has_code_and_no_source(self):
-        self.make("src/runtime/util/list.h", CODE)
-        self.make("src/runtime/util/names.h", "struct Name { int length = 0; };\nint lengthOf(Name name);\n")
-        self.make("src/runtime/util/one.h", CODE)
+        self.write("src/runtime/util/list.h", CODE)
+        self.write("src/runtime/util/names.h", "struct Name { int length = 0; };\nint lengthOf(Name name);\n")
+        self.write("src/runtime/util/one.h", CODE)
         self.assertEqual([fault.split()[0] for fault in self.faults()], ["src/runtime/util/one.h"])
 
     def test_a_reason_stands_for_a_test(self):
-        self.make("src/runtime/util/tree.cpp")
-        self.make("tests/scenarios/tree/one.scenario")
+        self.write("src/runtime/util/tree.cpp")
+        self.write("tests/scenarios/tree/one.scenario")
         self.assertEqual(self.faults({"src/runtime/util/tree.cpp": "whole reports: tests/scenarios/tree"}), [])
 
 
@@ -79,25 +71,25 @@ class Code(unittest.TestCase):
 
 class Tests(Project):
     def test_a_variant_belongs_to_its_source(self):
-        self.make("src/runtime/util/tree.cpp")
-        self.make("tests/runtime/util/tree_described_test.cpp")
-        self.make("tests/runtime/util/list_of_trees_test.cpp")
+        self.write("src/runtime/util/tree.cpp")
+        self.write("tests/runtime/util/tree_described_test.cpp")
+        self.write("tests/runtime/util/list_of_trees_test.cpp")
         self.assertEqual(self.faults(), [])
 
     def test_a_variant_belongs_to_the_longest_name(self):
-        self.make("src/runtime/util/list_of_trees.cpp")
-        self.make("tests/runtime/util/list_of_trees_test.cpp")
-        (self.project / "tests/runtime/util/list_test.cpp").unlink()
+        self.write("src/runtime/util/list_of_trees.cpp")
+        self.write("tests/runtime/util/list_of_trees_test.cpp")
+        (self.folder / "tests/runtime/util/list_test.cpp").unlink()
         self.assertEqual([fault.split()[0] for fault in self.faults()], ["src/runtime/util/list.cpp"])
 
     def test_a_test_without_source_is_found(self):
-        self.make("tests/runtime/util/lists_test.cpp")
+        self.write("tests/runtime/util/lists_test.cpp")
         self.assertEqual([fault.split()[0] for fault in self.faults()], ["tests/runtime/util/lists_test.cpp"])
         self.assertEqual(self.faults(None, {"tests/runtime/util/lists_test.cpp": "all of them"}), [])
 
     def test_what_mirrors_nothing_is_passed_over(self):
-        self.make("tests/windows/made_up/library_test.cpp")
-        self.make("tests/runtime/util/names.h", CODE)
+        self.write("tests/windows/made_up/library_test.cpp")
+        self.write("tests/runtime/util/names.h", CODE)
         self.assertEqual(self.faults(), [])
 
 
@@ -112,7 +104,7 @@ class Reasons(Project):
                 self.assertEqual(found, [f"{table} needs no reason for {next(iter(reasons))}"])
 
     def test_one_that_names_what_is_not_there_is_found(self):
-        self.make("src/runtime/util/tree.cpp")
+        self.write("src/runtime/util/tree.cpp")
         reason = "tests/runtime/util/list_test.cpp, tests/scenarios/tree"
         self.assertEqual(self.faults({"src/runtime/util/tree.cpp": reason}),
                          ["the reason for src/runtime/util/tree.cpp names tests/scenarios/tree, which is not there"])

@@ -2,9 +2,10 @@
 """What `run` and `test` install on machines of other kinds than this one: with stand-ins for its commands."""
 
 import subprocess
-import tempfile
 import unittest
 from pathlib import Path
+
+from folder_case import FolderCase
 
 PACKAGES = Path(__file__).resolve().parents[2] / "tools" / "packages.sh"
 NEEDS = """. '{}'
@@ -31,19 +32,15 @@ echo sudo >> "$CALLS"
 INSTALL = "apt-get install -y --no-install-recommends such-package as noninteractive"
 
 
-class Installing(unittest.TestCase):
+class Installing(FolderCase):
     def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = Path(folder.name)
+        super().setUp()
         self.calls = self.folder / "calls"
 
     def call(self, user: int, **commands: str) -> tuple[int, str, list[str]]:
         """Exit status, standard error and the calls made, where only these commands are there."""
         for name, text in {"id": f"#!/bin/bash\necho {user}\n", **commands}.items():
-            file = self.folder / name.replace("_", "-")
-            file.write_text(text)
-            file.chmod(0o755)
+            self.write(name.replace("_", "-"), text).chmod(0o755)
         for name in ("bash", "env", "touch"):
             (self.folder / name).symlink_to(f"/usr/bin/{name}")
         run = subprocess.run(["/usr/bin/bash", "-uc", NEEDS.format(PACKAGES)], capture_output=True, text=True,

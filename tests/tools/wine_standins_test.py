@@ -1,31 +1,23 @@
 #!/usr/bin/env python3
 """What is expected of the stand-in libraries is really asked of them: what must fail does fail."""
 
-import tempfile
 import unittest
-from pathlib import Path
 
 import scenario_file
 import wine_standins
+from folder_case import FolderCase
 from scenario_compare import diff
 from scenario_file import Mistake, Scenario
 
 GOOD = "A sentence.\n=== wine\nstages accounts\n=== console\n"
 
 
-class StandIns(unittest.TestCase):
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = Path(folder.name)
-
+class StandIns(FolderCase):
     def scenario(self, text: str) -> Scenario:
-        path = self.folder / "a.scenario"
-        path.write_text(text, encoding="utf-8")
-        return scenario_file.read(path)
+        return scenario_file.read(self.write("a.scenario", text))
 
     def differences(self, blocks: str, counts: str) -> list[str]:
-        (self.folder / "calls.txt").write_text(counts)
+        self.write("calls.txt", counts)
         return wine_standins.differences(self.scenario(GOOD + blocks), self.folder)
 
     def test_counts_as_expected_are_no_difference(self):
@@ -81,7 +73,7 @@ class StandIns(unittest.TestCase):
                          [7, 3, 8, 9])
 
     def test_bounds_are_noted(self):
-        (self.folder / "calls.txt").write_text("remote 10\n")
+        self.write("calls.txt", "remote 10\n")
         scenario = self.scenario(GOOD + "=== calls\nremote at most 12\nremote 10\n")
         self.assertEqual(wine_standins.notes(scenario, self.folder), ["10 remote calls (A sentence.)"])
 

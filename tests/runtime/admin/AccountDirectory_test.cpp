@@ -2,28 +2,20 @@
 
 #include <gtest/gtest.h>
 
-namespace {
+#include "tests/runtime/util/account_of.h"
 
-QVSid account(const wchar_t* name, std::uint32_t rid) {
-    host::Account account{L"CORP", name, {}};
-    if (rid != 0) {
-        account.sid.subAuthorityCount = 2;
-        account.sid.subAuthorities[0] = 21;
-        account.sid.subAuthorities[1] = rid;
-    }
-    return QVSid(account);
-}
+namespace {
 
 class AccountDirectoryTest : public testing::Test {
 protected:
     AccountDirectoryTest() {
-        m_directory.add(account(L"ann", 1), 10);
-        m_directory.add(account(L"ben", 0), 20);
+        m_directory.add(QVSid(accountOf(L"CORP", L"ann", L"S-1-5-21-1")), 10);
+        m_directory.add(QVSid(accountOf(L"CORP", L"ben")), 20);
     }
 
     /// The value of an account; 0 when there is none.
-    int valueOf(const QVSid& account) const {
-        const int* value = m_directory.find(account);
+    int valueOf(const host::Account& account) const {
+        const int* value = m_directory.find(QVSid(account));
         return value != nullptr ? *value : 0;
     }
 
@@ -31,24 +23,24 @@ protected:
 };
 
 TEST_F(AccountDirectoryTest, TheSidDecidesWhereBothHaveOne) {
-    EXPECT_EQ(valueOf(account(L"ann", 1)), 10);
-    EXPECT_EQ(valueOf(account(L"renamed", 1)), 10);
-    EXPECT_EQ(valueOf(account(L"ann", 2)), 0);
+    EXPECT_EQ(valueOf(accountOf(L"CORP", L"ann", L"S-1-5-21-1")), 10);
+    EXPECT_EQ(valueOf(accountOf(L"CORP", L"renamed", L"S-1-5-21-1")), 10);
+    EXPECT_EQ(valueOf(accountOf(L"CORP", L"ann", L"S-1-5-21-2")), 0);
 }
 
 TEST_F(AccountDirectoryTest, TheNameDecidesWhereOneHasNoSid) {
-    EXPECT_EQ(valueOf(account(L"ANN", 0)), 10);
-    EXPECT_EQ(valueOf(account(L"Ben", 3)), 20);
-    EXPECT_EQ(valueOf(account(L"ben", 0)), 20);
-    EXPECT_EQ(valueOf(account(L"carol", 0)), 0);
+    EXPECT_EQ(valueOf(accountOf(L"CORP", L"ANN")), 10);
+    EXPECT_EQ(valueOf(accountOf(L"CORP", L"Ben", L"S-1-5-21-3")), 20);
+    EXPECT_EQ(valueOf(accountOf(L"CORP", L"ben")), 20);
+    EXPECT_EQ(valueOf(accountOf(L"CORP", L"carol")), 0);
 }
 
 TEST_F(AccountDirectoryTest, WhatIsThereStays) {
-    m_directory.add(account(L"ann", 1), 30);
-    EXPECT_EQ(valueOf(account(L"ann", 1)), 10);
+    m_directory.add(QVSid(accountOf(L"CORP", L"ann", L"S-1-5-21-1")), 30);
+    EXPECT_EQ(valueOf(accountOf(L"CORP", L"ann", L"S-1-5-21-1")), 10);
     m_directory.clear();
-    EXPECT_EQ(valueOf(account(L"ann", 1)), 0);
-    EXPECT_EQ(valueOf(account(L"ben", 0)), 0);
+    EXPECT_EQ(valueOf(accountOf(L"CORP", L"ann", L"S-1-5-21-1")), 0);
+    EXPECT_EQ(valueOf(accountOf(L"CORP", L"ben")), 0);
 }
 
 }  // namespace

@@ -4,30 +4,19 @@
 #include <vector>
 
 #include "tests/runtime/error_of.h"
+#include "tests/runtime/util/account_of.h"
 
 namespace {
 
 /// Entries of a quota file, which a test adds one by one.
 class QuotaEntriesTest : public testing::Test {
 protected:
-    void add(const wchar_t* domain, const wchar_t* name, std::uint32_t rid, bool asked = true) {
-        m_owned.push_back(std::make_unique<QVSidQuota>(account(domain, name, rid), QVQuota(), asked));
+    void add(const host::Account& account, bool asked = true) {
+        m_owned.push_back(std::make_unique<QVSidQuota>(account, QVQuota(), asked));
         m_list.Add(m_owned.back().get());
     }
 
-    static host::Account account(const wchar_t* domain, const wchar_t* name, std::uint32_t rid) {
-        host::Account account{domain, name, {}};
-        if (rid != 0) {
-            account.sid.subAuthorityCount = 2;
-            account.sid.subAuthorities[0] = 21;
-            account.sid.subAuthorities[1] = rid;
-        }
-        return account;
-    }
-
-    int lookUp(const wchar_t* domain, const wchar_t* name, std::uint32_t rid) const {
-        return QuotaEntries(m_list).lookUp(QVSid(account(domain, name, rid)));
-    }
+    int lookUp(const host::Account& account) const { return QuotaEntries(m_list).lookUp(QVSid(account)); }
 
     std::vector<std::unique_ptr<QVSidQuota>> m_owned;
     QVArray<QVSidQuota*> m_list;
@@ -35,45 +24,45 @@ protected:
 
 TEST_F(QuotaEntriesTest, AreFoundByTheirAccounts) {
     EXPECT_TRUE(QuotaEntries(m_list).empty());
-    add(L"CORP", L"ann", 1);
-    add(L"CORP", L"ben", 2);
+    add(accountOf(L"CORP", L"ann", L"S-1-5-21-1"));
+    add(accountOf(L"CORP", L"ben", L"S-1-5-21-2"));
     const QuotaEntries entries(m_list);
     EXPECT_FALSE(entries.empty());
-    EXPECT_EQ(lookUp(L"CORP", L"ben", 2), 1);
-    EXPECT_EQ(lookUp(L"CORP", L"carol", 3), QuotaEntries::none);
+    EXPECT_EQ(lookUp(accountOf(L"CORP", L"ben", L"S-1-5-21-2")), 1);
+    EXPECT_EQ(lookUp(accountOf(L"CORP", L"carol", L"S-1-5-21-3")), QuotaEntries::none);
     EXPECT_EQ(entries.at(1).account().fullName(), L"CORP\\ben");
     EXPECT_FALSE(entries.needNames());
     EXPECT_FALSE(entries.haveUndecided());
 }
 
 TEST_F(QuotaEntriesTest, AnAccountThatTheSystemDoesNotKnowIsNobodyElses) {
-    add(L"", L"ann", 0);
+    add(accountOf(L"", L"ann"));
     const QuotaEntries entries(m_list);
     EXPECT_TRUE(entries.needNames());
     EXPECT_FALSE(entries.haveUndecided());
-    EXPECT_EQ(lookUp(L"CORP", L"ann", 1), QuotaEntries::none);
+    EXPECT_EQ(lookUp(accountOf(L"CORP", L"ann", L"S-1-5-21-1")), QuotaEntries::none);
 }
 
 TEST_F(QuotaEntriesTest, ANameThatCouldNotBeAskedForMayMeanAnybodyOfThatName) {
-    add(L"", L"Ann", 0, false);
+    add(accountOf(L"", L"Ann"), false);
     EXPECT_TRUE(QuotaEntries(m_list).haveUndecided());
-    EXPECT_EQ(lookUp(L"CORP", L"ANN", 1), QuotaEntries::undecided);
-    EXPECT_EQ(lookUp(L"CORP", L"ben", 2), QuotaEntries::none);
-    EXPECT_EQ(errorOf([&] { QuotaEntries(m_list).find(QVSid(account(L"CORP", L"ann", 1))); }),
+    EXPECT_EQ(lookUp(accountOf(L"CORP", L"ANN", L"S-1-5-21-1")), QuotaEntries::undecided);
+    EXPECT_EQ(lookUp(accountOf(L"CORP", L"ben", L"S-1-5-21-2")), QuotaEntries::none);
+    EXPECT_EQ(errorOf([&] { QuotaEntries(m_list).find(QVSid(accountOf(L"CORP", L"ann", L"S-1-5-21-1"))); }),
               L"Operation failed: whether the quota file means 'CORP\\ann' cannot be determined");
 }
 
 TEST_F(QuotaEntriesTest, ANameWithTheDomainMeansOnlyOne) {
-    add(L"CORP", L"ann", 0, false);
-    EXPECT_EQ(lookUp(L"OTHER", L"ann", 1), QuotaEntries::none);
-    EXPECT_EQ(lookUp(L"CORP", L"ann", 1), 0);
+    add(accountOf(L"CORP", L"ann"), false);
+    EXPECT_EQ(lookUp(accountOf(L"OTHER", L"ann", L"S-1-5-21-1")), QuotaEntries::none);
+    EXPECT_EQ(lookUp(accountOf(L"CORP", L"ann", L"S-1-5-21-1")), 0);
 }
 
 TEST_F(QuotaEntriesTest, ADnsNameOfADomainMayMeanAnyDomain) {
-    add(L"corp.example", L"ann", 0, false);
-    EXPECT_EQ(lookUp(L"CORP", L"ann", 1), QuotaEntries::undecided);
-    add(L"", L"ben@corp.example", 0, false);
-    EXPECT_EQ(lookUp(L"CORP", L"ben", 2), QuotaEntries::undecided);
+    add(accountOf(L"corp.example", L"ann"), false);
+    EXPECT_EQ(lookUp(accountOf(L"CORP", L"ann", L"S-1-5-21-1")), QuotaEntries::undecided);
+    add(accountOf(L"", L"ben@corp.example"), false);
+    EXPECT_EQ(lookUp(accountOf(L"CORP", L"ben", L"S-1-5-21-2")), QuotaEntries::undecided);
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/files.h"
+#include "tests/runtime/logged.h"
 
 namespace {
 
@@ -24,11 +24,9 @@ TEST(UnknownFact, TellsWhyItIsUnknown) {
 }
 
 TEST(LogNaturalCause, IsAWarningOfTheOperation) {
-    const TemporaryDirectory here;
-    QVLog::start(L"kvx.log");
-    logNaturalCause(L"QVUser::mf_list", Reply::failed(0, L"no progress"), L"the list cannot be read");
-    QVLog::stop();
-    const std::string log = fileBytes("kvx.log");
+    const std::string log = logOf([] {
+        logNaturalCause(L"QVUser::mf_list", Reply::failed(0, L"no progress"), L"the list cannot be read");
+    });
     EXPECT_TRUE(
         log.ends_with("] W QVUser::mf_list: Operation failed: the list cannot be read: no progress\r\n"))
         << log;

@@ -4,18 +4,20 @@
 
 #include <set>
 
+#include "tests/runtime/util/account_of.h"
+
 namespace {
 
 using Table = host::Answer<MembershipTable>;
 
-const host::Account ann{L"CORP", L"ann", {}};
-const host::Account stranger{L"CORP", L"nobody", {}};
+const host::Account ann = accountOf(L"CORP", L"ann");
+const host::Account stranger = accountOf(L"CORP", L"nobody");
 
 /// A list of these users.
 std::shared_ptr<const ListedAccounts> listOf(std::initializer_list<const wchar_t*> names) {
     ListedAccounts accounts;
     for (const wchar_t* name : names)
-        accounts.add({L"CORP", name, {}});
+        accounts.add(accountOf(L"CORP", name));
     return std::make_shared<const ListedAccounts>(std::move(accounts));
 }
 

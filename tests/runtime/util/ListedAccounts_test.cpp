@@ -2,22 +2,18 @@
 
 #include <gtest/gtest.h>
 
-#include "runtime/util/QVSid.h"
+#include "tests/runtime/util/account_of.h"
 
 namespace {
 
-host::Account account(const wchar_t* domain, const wchar_t* name, const wchar_t* sid) {
-    return {domain, name, sidFromText(sid)};
-}
-
 ListedAccounts sample() {
     ListedAccounts accounts;
-    accounts.add(account(L"CORP", L"zoe", L"S-1-5-21-1-2-3-1001"));
-    accounts.add(account(L"CORP", L"adam", L"S-1-5-21-1-2-3-500"));
-    accounts.add(account(L"WS01", L"adam", L"S-1-5-21-7-8-9-1001"));
-    accounts.add(account(L"CORP", L"eva", L""));
-    accounts.add(account(L"", L"Everyone", L"S-1-1-0"));
-    accounts.add(account(L"CORP", L"", L"S-1-5-21-1-2-3-777"));
+    accounts.add(accountOf(L"CORP", L"zoe", L"S-1-5-21-1-2-3-1001"));
+    accounts.add(accountOf(L"CORP", L"adam", L"S-1-5-21-1-2-3-500"));
+    accounts.add(accountOf(L"WS01", L"adam", L"S-1-5-21-7-8-9-1001"));
+    accounts.add(accountOf(L"CORP", L"eva"));
+    accounts.add(accountOf(L"", L"Everyone", L"S-1-1-0"));
+    accounts.add(accountOf(L"CORP", L"", L"S-1-5-21-1-2-3-777"));
     return accounts;
 }
 
@@ -55,15 +51,15 @@ TEST(ListedAccounts, AreFoundByNameInAnyLetters) {
 
 TEST(ListedAccounts, ANameIsNoHelpWhereTheSidSaysOtherwise) {
     const ListedAccounts accounts = sample();
-    EXPECT_EQ(accounts.find(account(L"CORP", L"adam", L"S-1-5-21-1-2-3-501")), ListedAccounts::none);
-    EXPECT_EQ(accounts.find(account(L"CORP", L"adam", L"")), 1U);
-    EXPECT_EQ(accounts.find(account(L"CORP", L"eva", L"S-1-5-21-1-2-3-501")), 3U);
-    EXPECT_EQ(accounts.find(account(L"CORP", L"other", L"S-1-5-21-1-2-3-500")), 1U);
+    EXPECT_EQ(accounts.find(accountOf(L"CORP", L"adam", L"S-1-5-21-1-2-3-501")), ListedAccounts::none);
+    EXPECT_EQ(accounts.find(accountOf(L"CORP", L"adam")), 1U);
+    EXPECT_EQ(accounts.find(accountOf(L"CORP", L"eva", L"S-1-5-21-1-2-3-501")), 3U);
+    EXPECT_EQ(accounts.find(accountOf(L"CORP", L"other", L"S-1-5-21-1-2-3-500")), 1U);
 }
 
 TEST(ListedAccounts, TheFirstOfTwoIsFound) {
     ListedAccounts accounts = sample();
-    accounts.add(account(L"CORP", L"ZOE", L"S-1-5-21-1-2-3-1001"));
+    accounts.add(accountOf(L"CORP", L"ZOE", L"S-1-5-21-1-2-3-1001"));
     EXPECT_EQ(accounts.find(sidFromText(L"S-1-5-21-1-2-3-1001")), 0U);
     EXPECT_EQ(accounts.find(L"CORP", L"zoe"), 0U);
 }
@@ -71,7 +67,7 @@ TEST(ListedAccounts, TheFirstOfTwoIsFound) {
 TEST(ListedAccounts, AnAccountAddedLaterIsFoundToo) {
     ListedAccounts accounts = sample();
     EXPECT_EQ(accounts.find(L"CORP", L"late"), ListedAccounts::none);
-    accounts.add(account(L"CORP", L"late", L"S-1-5-21-1-2-3-1002"));
+    accounts.add(accountOf(L"CORP", L"late", L"S-1-5-21-1-2-3-1002"));
     EXPECT_EQ(accounts.find(L"CORP", L"late"), 6U);
     EXPECT_EQ(accounts.find(sidFromText(L"S-1-5-21-1-2-3-1002")), 6U);
 }

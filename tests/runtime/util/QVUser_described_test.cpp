@@ -1,9 +1,8 @@
 #include "runtime/util/QVUser.h"
 
-#include "runtime/base/QVLog.h"
 #include "runtime/host/host.h"
-#include "tests/files.h"
 #include "tests/runtime/error_of.h"
+#include "tests/runtime/logged.h"
 #include "tests/runtime/util/account_names.h"
 #include "tests/runtime/util/described_domain.h"
 
@@ -47,12 +46,8 @@ TEST_F(QVUserTest, AListThatFailsIsEmptyHoweverFarItWasRead) {
 }
 
 TEST_F(QVUserTest, TheReasonOfAFailureIsInTheLog) {
-    const TemporaryDirectory here;
     describe("[users]\nalice\n! error 5\n");
-    QVLog::start(L"user.log");
-    EXPECT_EQ(QVUser::mf_getComputerUserList(m_users), 0);
-    QVLog::stop();
-    const std::string log = fileBytes("user.log");
+    const std::string log = logOf([&] { EXPECT_EQ(QVUser::mf_getComputerUserList(m_users), 0); });
     EXPECT_NE(log.find("] W QVUser::mf_getComputerUserList: System call failed: the local users "
                        "cannot be listed, system error 5: Access is denied.\r\n"),
               std::string::npos)

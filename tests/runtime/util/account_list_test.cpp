@@ -4,24 +4,21 @@
 
 #include "runtime/util/OwnedArray.h"
 #include "runtime/util/QVUser.h"
+#include "tests/runtime/util/account_of.h"
 
 namespace {
-
-host::Account account(const wchar_t* name) {
-    return {L"CORP", name, {}};
-}
 
 /// A list of two pages: ann and ben, then carol; where it breaks off, the second one fails.
 host::Answer<host::AccountPage> twoPages(std::uint64_t cursor, bool breaksOff) {
     host::AccountPage page;
     if (cursor == 0) {
-        page.items = {account(L"ann"), account(L"ben")};
+        page.items = {accountOf(L"CORP", L"ann"), accountOf(L"CORP", L"ben")};
         page.next = 2;
         page.more = true;
         return page;
     }
     if (breaksOff) return host::Answer<host::AccountPage>::failed(1722);
-    page.items = {account(L"carol")};
+    page.items = {accountOf(L"CORP", L"carol")};
     page.next = 3;
     return page;
 }
@@ -44,7 +41,7 @@ TEST(AccountList, IsEmptyWhereItBrokeOff) {
 
 TEST(AccountList, TakesAccountsThatCameInOnePiece) {
     OwnedArray<QVUser> users;
-    fillAccountList(users, {account(L"ann"), account(L"ben")});
+    fillAccountList(users, {accountOf(L"CORP", L"ann"), accountOf(L"CORP", L"ben")});
     ASSERT_EQ(users.GetSize(), 2);
     EXPECT_EQ(users[1]->mf_getFullName(), L"CORP\\ben");
 }

@@ -8,6 +8,24 @@
 #include "runtime/util/QVUser.h"
 #include "tests/runtime/host/description/machine_fixture.h"
 
+/// A computer of a domain, two of whose three users belong to a group; further groups may follow.
+inline const std::string company = R"(
+[system]
+computer = WS01
+[domain]
+joined = yes
+name = CORP
+controller = DC01
+[domain users]
+alice
+bob
+carol
+[global groups]
+Staff = bob, carol
+[domain groups]
+Readers = Staff
+)";
+
 /// The domain's instance is stopped before and after each test.
 class DescribedDomain : public DescribedMachine {
 protected:

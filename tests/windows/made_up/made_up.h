@@ -5,13 +5,13 @@
 #include <gtest/gtest.h>
 
 #include <bit>
-#include <fstream>
 #include <string>
 #include <vector>
 
 #include "runtime/host/host.h"
 #include "runtime/host/os.h"
-#include "runtime/host/paging.h"
+#include "tests/files.h"
+#include "tests/runtime/host/listed_accounts.h"
 
 inline const host::AccountSource controller{L"DC01"};
 
@@ -39,11 +39,10 @@ protected:
     /// From now on the libraries answer for the machine of this description, with these quirks (quirks.h).
     static void describe(const std::string& machine, const std::string& quirks = "") {
         static int number = 0;
-        char folder[MAX_PATH] = "";
-        GetTempPathA(MAX_PATH, folder);
-        const std::string name = std::string(folder) + "made-up-" + std::to_string(++number);
-        write(name + ".txt", machine);
-        write(name + ".quirks", quirks);
+        const std::string name =
+            (std::filesystem::temp_directory_path() / ("made-up-" + std::to_string(++number))).string();
+        makeFile(name + ".txt", machine);
+        makeFile(name + ".quirks", quirks);
         SetEnvironmentVariableA("KVX_MADE_UP_MACHINE", (name + ".txt").c_str());
         SetEnvironmentVariableA("KVX_MADE_UP_QUIRKS", (name + ".quirks").c_str());
     }
@@ -51,11 +50,7 @@ protected:
     template <class Fetch>
     static std::vector<host::Account> list(Fetch fetch, host::Answer<host::Done>& ended,
                                            const host::AccountSource& source = controller) {
-        std::vector<host::Account> found;
-        ended = host::readPages<host::Account>(
-            [&](std::uint64_t cursor) { return fetch(source, cursor); },
-            [&](host::Account account) { found.push_back(std::move(account)); });
-        return found;
+        return listedAccounts([&](std::uint64_t cursor) { return fetch(source, cursor); }, ended);
     }
 
     /// How often a function of the network library was called so far; "remote": how many calls would have
@@ -70,8 +65,5 @@ private:
     static Pointer function(const wchar_t* library, const char* name) {
         const HMODULE module = LoadLibraryExW(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
         return std::bit_cast<Pointer>(module != nullptr ? GetProcAddress(module, name) : nullptr);
-    }
-    static void write(const std::string& name, const std::string& text) {
-        std::ofstream(name, std::ios::binary) << text;
     }
 };

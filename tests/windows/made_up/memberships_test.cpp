@@ -2,10 +2,11 @@
 
 #include <cstdio>
 
-#include "made_up.h"
+#include "runtime/util/OwnedArray.h"
 #include "runtime/util/QVDomainController.h"
 #include "runtime/util/QVUser.h"
 #include "tests/runtime/util/account_names.h"
+#include "tests/windows/made_up/made_up.h"
 
 namespace {
 
@@ -47,7 +48,7 @@ protected:
 
     static Names groupsOf(QVUser& user) { return domainLocalGroupsOf(user); }
 
-    QVArray<QVUser*, QVUser*> m_users;
+    OwnedArray<QVUser> m_users;
 };
 
 TEST_F(Memberships, CostCallsByPagesAndGroups) {
