@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """Checks that the tests mirror the sources.
 
-mirror.py FOLDER   compares FOLDER/tests with FOLDER/src and FOLDER/catalog, prints each of these, and ends with 1
-                   when there is one:
-  - a source without a test, tests/PLACE/NAME_test.cpp or tests/PLACE/NAME_VARIANT_test.cpp, and without a reason in
-    ELSEWHERE. A source is a .cpp file, or a header that has code and no .cpp file
+mirror.py FOLDER   compares FOLDER/tests with FOLDER/src and FOLDER/catalog, prints each of these, and ends
+                   with 1 when there is one:
+  - a source without a test, tests/PLACE/NAME_test.cpp or tests/PLACE/NAME_VARIANT_test.cpp, and without a
+    reason in ELSEWHERE. A source is a .cpp file, or a header that has code and no .cpp file
   - a test without a source, and without a reason in OF_NO_SOURCE
   - a reason that nothing needs, or that names a place which is not there
 """
@@ -16,8 +16,12 @@ from pathlib import Path
 # Where sources are, and how their tests' places begin.
 TOPS = {"src": "", "catalog": "catalog/"}
 
-# Sources without a test of their own: where they are tested instead, or why there is nothing to test. "tests/..." in a
-# reason is a place that must be there.
+# The tests of a description as it is read, and of what the described machine answers then.
+MODEL = "tests/runtime/host/description"
+ANSWERS = "tests/runtime/host/described"
+
+# Sources without a test of their own: where they are tested instead, or why there is nothing to test. A place
+# "tests/..." that a reason names must be there.
 ELSEWHERE: dict[str, str] = {
     "catalog/empty/empty.cpp": "has no text at all: tests/scenarios",
     "src/checker/QVInstallationChecker.h": "a class whose functions stand in the sources beside it",
@@ -28,7 +32,8 @@ ELSEWHERE: dict[str, str] = {
     "src/checker/quota.cpp": "whole reports: tests/scenarios/quota, tests/scenarios/allquota",
     "src/checker/report_file.cpp": "tests/scenarios/save",
     "src/checker/user.cpp": "a whole report: tests/scenarios/user",
-    "src/checker/version.cpp": "whole reports: tests/scenarios/version, tests/scenarios/pelmora, tests/scenarios/driver",
+    "src/checker/version.cpp":
+        "whole reports: tests/scenarios/version, tests/scenarios/pelmora, tests/scenarios/driver",
     "src/main/dispatcher.cpp": "tests/scenarios/dispatcher",
     "src/main/entry.cpp": "a whole run: tests/scenarios/start",
     "src/main/front.cpp": "tests/scenarios/commandline, tests/scenarios/save",
@@ -36,30 +41,27 @@ ELSEWHERE: dict[str, str] = {
     "src/program/start.cpp": "a whole run: tests/scenarios/start",
     "src/runtime/archiver/QVBackend.h": "tests/runtime/archiver/QVConfigurator_described_test.cpp",
     "src/runtime/host/described/console.cpp": "the process's own output: tests/console/console_test.py",
-    "src/runtime/host/described/verdicts.cpp": "tests/runtime/host/description/failures_test.cpp",
-    "src/runtime/host/description/directory.cpp": "what it tells is asked in tests/runtime/host/described/users_test.cpp, "
-                                                  "tests/runtime/host/described/groups_test.cpp and "
-                                                  "tests/runtime/host/described/accounts_test.cpp",
-    "src/runtime/host/description/directory_keys.h": "tests/runtime/host/described/accounts_test.cpp",
-    "src/runtime/host/description/directory_memberships.cpp": "tests/runtime/host/described/groups_test.cpp, "
-                                                              "tests/runtime/host/described/members_test.cpp",
-    "src/runtime/host/description/parse.cpp": "tests/runtime/host/description/mistakes_test.cpp, "
-                                              "tests/runtime/host/description/settings_test.cpp",
-    "src/runtime/host/description/parse_accounts.cpp": "tests/runtime/host/description/mistakes_test.cpp, "
-                                                       "tests/runtime/host/described/users_test.cpp",
-    "src/runtime/host/description/parse_failures.cpp": "tests/runtime/host/description/failures_test.cpp",
-    "src/runtime/host/description/parse_files.cpp": "tests/runtime/host/description/mistakes_test.cpp, "
-                                                    "tests/runtime/host/described/files_test.cpp",
-    "src/runtime/host/description/parse_registry.cpp": "tests/runtime/host/description/mistakes_test.cpp, "
-                                                       "tests/runtime/host/described/registry_test.cpp",
-    "src/runtime/host/description/parse_system.cpp": "tests/runtime/host/description/settings_test.cpp, "
-                                                     "tests/runtime/host/described/system_test.cpp",
-    "src/runtime/host/description/parse_volumes.cpp": "tests/runtime/host/description/mistakes_test.cpp, "
-                                                      "tests/runtime/host/described/volumes_test.cpp, "
-                                                      "tests/runtime/host/described/cluster_test.cpp, "
-                                                      "tests/runtime/host/described/services_test.cpp",
+    "src/runtime/host/described/verdicts.cpp": f"{MODEL}/failures_test.cpp",
+    "src/runtime/host/description/directory.cpp":
+        f"{ANSWERS}/users_test.cpp, {ANSWERS}/groups_test.cpp, {ANSWERS}/accounts_test.cpp",
+    "src/runtime/host/description/directory_keys.h": f"{ANSWERS}/accounts_test.cpp",
+    "src/runtime/host/description/directory_memberships.cpp":
+        f"{ANSWERS}/groups_test.cpp, {ANSWERS}/members_test.cpp",
+    "src/runtime/host/description/parse.cpp": f"{MODEL}/mistakes_test.cpp, {MODEL}/settings_test.cpp",
+    "src/runtime/host/description/parse_accounts.cpp":
+        f"{MODEL}/mistakes_test.cpp, {MODEL}/settings_test.cpp, {ANSWERS}/users_test.cpp, "
+        f"{ANSWERS}/groups_test.cpp",
+    "src/runtime/host/description/parse_failures.cpp":
+        f"{MODEL}/mistakes_test.cpp, {MODEL}/failures_test.cpp",
+    "src/runtime/host/description/parse_files.cpp": f"{MODEL}/mistakes_test.cpp, {ANSWERS}/files_test.cpp",
+    "src/runtime/host/description/parse_registry.cpp":
+        f"{MODEL}/mistakes_test.cpp, {ANSWERS}/registry_test.cpp",
+    "src/runtime/host/description/parse_system.cpp": f"{MODEL}/settings_test.cpp, {ANSWERS}/system_test.cpp",
+    "src/runtime/host/description/parse_volumes.cpp":
+        f"{MODEL}/mistakes_test.cpp, {ANSWERS}/volumes_test.cpp, {ANSWERS}/cluster_test.cpp, "
+        f"{ANSWERS}/services_test.cpp",
     "src/runtime/host/host.h": "the seam itself: each host answers it",
-    "src/runtime/host/verdict.h": "tests/runtime/host/description/failures_test.cpp",
+    "src/runtime/host/verdict.h": f"{MODEL}/failures_test.cpp",
     "src/runtime/host/windows/account_server.cpp": "asks a domain: tests/windows/made_up",
     "src/runtime/host/windows/cluster_library.cpp": "asks a cluster: tests/windows/made_up",
     "src/runtime/host/windows/console.cpp": "the process's own output: tests/windows/program/console_test.py",

@@ -55,8 +55,9 @@ class Sources(Project):
 
 class Code(unittest.TestCase):
     def test_is_a_function_with_its_body(self):
-        for text in (CODE, "struct A {\n    A() : m_a(1) {}\n    int m_a;\n};", "bool is() const { return true; }",
-                     "int one() noexcept override {}", "auto one() -> int {}", "template <class T>\nT of(T t) {\n}"):
+        for text in (CODE, "struct A {\n    A() : m_a(1) {}\n    int m_a;\n};",
+                     "bool is() const { return true; }", "int one() noexcept override {}",
+                     "auto one() -> int {}", "template <class T>\nT of(T t) {\n}"):
             with self.subTest(text=text):
                 self.assertTrue(mirror.has_code(text))
 

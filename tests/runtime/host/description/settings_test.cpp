@@ -3,6 +3,7 @@
 
 #include "runtime/host/description/settings.h"
 
+#include <cctype>
 #include <fstream>
 #include <map>
 #include <set>
