@@ -4,8 +4,8 @@
 
 #include <cstdio>
 
-#include "checker/InstalledFile.h"
 #include "checker/ReportLines.h"
+#include "checker/installed_files.h"
 #include "runtime/base/CString.h"
 #include "runtime/util/OwnedArray.h"
 #include "runtime/util/QVUser.h"

@@ -1,5 +1,4 @@
 #include "checker/QVInstallationChecker.h"
-#include "checker/padded.h"
 #include "checker/write_log.h"
 #include "runtime/base/QVErrno.h"
 #include "runtime/base/QVPath.h"

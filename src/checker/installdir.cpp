@@ -3,13 +3,13 @@
 #include <string>
 
 #include "checker/QVInstallationChecker.h"
-#include "checker/registry_keys.h"
 #include "checker/report_file.h"
 #include "checker/write_log.h"
 #include "runtime/base/QVErrno.h"
 #include "runtime/base/QVPath.h"
 #include "runtime/base/QVRegistry.h"
 #include "runtime/base/QVString.h"
+#include "runtime/base/product.h"
 #include "runtime/host/os.h"
 
 namespace {
@@ -47,8 +47,6 @@ QVInstallationChecker::QVInstallationChecker() {
 }
 
 QVInstallationChecker::~QVInstallationChecker() {
-    deleteElements(m_baseFiles);
-    deleteElements(m_monitorFiles);
     if (m_reportFile != nullptr) {
         std::fclose(m_reportFile);
         m_reportFile = nullptr;
@@ -59,7 +57,7 @@ QVInstallationChecker::~QVInstallationChecker() {
 CString QVInstallationChecker::mf_implDriverPath() {
     try {
         const CString systemDirectory = QVPath::mf_appendDirectory(mf_getWindowsDirectory(), L"system32");
-        return formatted(L"%sdrivers\\%s.sys", systemDirectory, L"rkhsmdrv");
+        return formatted(L"%sdrivers\\%s.sys", systemDirectory, product::driver);
     } catch (QVErrno& error) {
         writeLog(QVLogData::LEVEL_E, constructorName, L"Failure retrieving windows directory\r\n%s%s",
                  QVLog::TAB, error);
@@ -71,9 +69,9 @@ CString QVInstallationChecker::mf_implDriverPath() {
 CString QVInstallationChecker::mf_implPluginPath() {
     CString path;
     try {
-        if (QVRegistry::mf_PathExists(registry::backupClientKey, HKEY_LOCAL_MACHINE)) {
+        if (QVRegistry::mf_PathExists(product::backupClientKey, HKEY_LOCAL_MACHINE)) {
             CString directory;
-            QVRegistry::mf_getValue(registry::pathValue, directory, registry::backupClientKey,
+            QVRegistry::mf_getValue(product::pathValue, directory, product::backupClientKey,
                                     HKEY_LOCAL_MACHINE);
             path = QVPath::mf_appendFile(directory, L"plugins\\kvxarcplug.dll");
         }
@@ -86,8 +84,8 @@ CString QVInstallationChecker::mf_implPluginPath() {
 
 void QVInstallationChecker::mf_implReadInstallDir() {
     static const wchar_t* const originator = L"QVInstallationChecker::mf_implReadInstallDir";
-    const CString key = registry::clientKey;
-    const CString name = registry::pathValue;
+    const CString key = product::clientKey;
+    const CString name = product::pathValue;
     m_installDirFound = 0;
     int exists = 0;
     try {

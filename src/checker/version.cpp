@@ -1,7 +1,6 @@
 #include <memory>
 
 #include "checker/QVInstallationChecker.h"
-#include "checker/registry_keys.h"
 #include "checker/write_log.h"
 #include "runtime/archiver/QVConfigurator.h"
 #include "runtime/base/QVErrno.h"
@@ -9,6 +8,7 @@
 #include "runtime/base/QVString.h"
 #include "runtime/base/QVSystem.h"
 #include "runtime/base/QVVersion.h"
+#include "runtime/base/product.h"
 #include "runtime/device/QVDevice.h"
 #include "runtime/host/os.h"
 
@@ -46,7 +46,7 @@ constexpr Wording api = {
 /// The version that stands in `key`, or the text that stands for it. Returns whether the value exists,
 /// readable or not.
 bool readVersion(const Wording& wording, const CString& key, CString& version, int* problem) {
-    const CString name = registry::versionValue;
+    const CString name = product::versionValue;
     bool exists = false;
     try {
         exists = QVRegistry::mf_exists(name, key, HKEY_LOCAL_MACHINE) != 0;
@@ -114,8 +114,8 @@ void checkSupport(const CString& apiVersion, CString& result, int* problem) {
 
 const CString QVInstallationChecker::mf_getVersion(int* problem) {
     static const wchar_t* const originator = L"QVInstallationChecker::mf_getVersion";
-    const CString key = registry::clientKey;
-    const CString name = registry::versionValue;
+    const CString key = product::clientKey;
+    const CString name = product::versionValue;
     *problem = 1;
     try {
         if (!QVRegistry::mf_exists(name, key, HKEY_LOCAL_MACHINE)) return QVString(3252, key, name);
@@ -145,8 +145,8 @@ const CString QVInstallationChecker::mf_getSpecificPelmora(int* problem) {
     *problem = 0;
     CString backupVersion;
     CString apiVersion;
-    pelmora::readVersion(pelmora::backupClient, registry::backupClientKey, backupVersion, problem);
-    const CString apiKey = QVSystem::mf_is32Bit() ? registry::apiKey : registry::api64Key;
+    pelmora::readVersion(pelmora::backupClient, product::backupClientKey, backupVersion, problem);
+    const CString apiKey = QVSystem::mf_is32Bit() ? product::apiKey32 : product::apiKey64;
     const bool apiExists = pelmora::readVersion(pelmora::api, apiKey, apiVersion, problem);
     CString result = QVString(3341, backupVersion, apiVersion);
     if (apiExists) pelmora::checkSupport(apiVersion, result, problem);

@@ -1,16 +1,6 @@
 #include "checker/within_latin1.h"
 
-namespace {
-
-bool isLeadSurrogate(wchar_t unit) {
-    return unit >= 0xD800 && unit < 0xDC00;
-}
-
-bool isTrailSurrogate(wchar_t unit) {
-    return unit >= 0xDC00 && unit < 0xE000;
-}
-
-}  // namespace
+#include "runtime/host/utf.h"
 
 CString withinLatin1(const CString& text) {
     const std::wstring& units = text.units();
@@ -18,8 +8,8 @@ CString withinLatin1(const CString& text) {
     narrow.reserve(units.size());
     for (std::size_t i = 0; i < units.size(); ++i) {
         narrow += units[i] > 0xFF ? L'?' : units[i];
-        const bool isPair =
-            isLeadSurrogate(units[i]) && i + 1 < units.size() && isTrailSurrogate(units[i + 1]);
+        const bool isPair = host::isHighSurrogate(static_cast<char32_t>(units[i])) && i + 1 < units.size() &&
+                            host::isLowSurrogate(static_cast<char32_t>(units[i + 1]));
         if (isPair) ++i;
     }
     return CString(narrow);

@@ -1,10 +1,10 @@
 #include "main/report_register.h"
 
 #include "checker/QVInstallationChecker.h"
-#include "checker/registry_keys.h"
 #include "runtime/base/QVLog.h"
 #include "runtime/base/QVString.h"
 #include "runtime/base/QVSystem.h"
+#include "runtime/base/product.h"
 #include "runtime/cluster/QVCluster.h"
 #include "runtime/util/OwnedArray.h"
 #include "runtime/util/QVUser.h"
@@ -25,14 +25,12 @@ CString files(Checker& checker, int* problem) {
     return QVString(3290, checker.mf_checkInstallationFiles(&foundCount, &missingCount, problem));
 }
 
-constexpr const wchar_t* logLevelValue = L"LogLevel";
-
 CString clientKeyOf(const wchar_t* program) {
-    return formatted(L"%s\\%s", registry::clientKey, program);
+    return formatted(L"%s\\%s", product::clientKey, program);
 }
 
 CString logLevel(Checker& checker, const wchar_t* program, int* problem) {
-    return checker.mf_getLogLevel(clientKeyOf(program), logLevelValue, program, nullptr, problem);
+    return checker.mf_getLogLevel(clientKeyOf(program), product::logLevelValue, program, nullptr, problem);
 }
 
 CString clclog(Checker& checker, int* problem) {
@@ -45,8 +43,8 @@ CString guilog(Checker& checker, int* problem) {
 
 CString infolog(Checker& checker, int* problem) {
     const wchar_t* const program = L"kvxinfo";
-    return QVString(3288,
-                    checker.mf_implGetOwnLogLevel(clientKeyOf(program), logLevelValue, program, problem));
+    return QVString(
+        3288, checker.mf_implGetOwnLogLevel(clientKeyOf(program), product::logLevelValue, program, problem));
 }
 
 CString servicelog(Checker& checker, int* problem) {

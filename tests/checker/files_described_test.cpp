@@ -1,7 +1,6 @@
 #include <string>
 
 #include "checker/QVInstallationChecker.h"
-#include "checker/padded.h"
 #include "runtime/base/QVString.h"
 #include "tests/files.h"
 #include "tests/runtime/host/description/machine_fixture.h"

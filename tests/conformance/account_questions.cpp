@@ -1,3 +1,4 @@
+#include "runtime/host/sid_text.h"
 #include "runtime/util/QVMain.h"
 #include "runtime/util/QVUser.h"
 #include "tests/conformance/lists.h"
@@ -7,7 +8,7 @@ namespace conformance {
 
 CString shown(const QVSid& account) {
     const CString name = shown(account.mf_getFullName());
-    if (account.sid().empty()) return name;
+    if (account.account().sid.empty()) return name;
     return name + L" " + account.mf_getSidString();
 }
 
@@ -17,7 +18,7 @@ namespace {
 const host::Account strangers[] = {
     {L"", L"nobody at all", {}},
     {L"NOWHERE", L"nobody", {}},
-    {L"", L"", sidFromText(L"S-1-5-21-9-9-9-9999")},
+    {L"", L"", *host::sidOf(L"S-1-5-21-9-9-9-9999")},
 };
 
 void askForSids(const QVSid& account) {
@@ -100,9 +101,8 @@ void askSids() {
           L"S-1-5-21-1-2-3-4294967296", L"S-1-4294967296-1", L"S-1-5-1-2-3-4-5-6-7-8-9-10-11-12-13-14-15",
           L"S-1-5-1-2-3-4-5-6-7-8-9-10-11-12-13-14-15-16", L"S-1-5-32-545 ", L"CORP\\ada"}) {
         ask(L"QVSid of a text", {text}, [&] {
-            const host::Sid sid = sidFromText(text);
-            return sid.empty() ? CString(L"none")
-                               : shown(QVSid(host::Account{L"", L"", sid}).mf_getFullName());
+            const auto sid = host::sidOf(text);
+            return sid ? shown(QVSid(host::Account{L"", L"", *sid}).mf_getFullName()) : CString(L"none");
         });
     }
 }

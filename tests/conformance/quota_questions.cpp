@@ -1,6 +1,7 @@
 #include <limits>
 
 #include "runtime/admin/QVQuotaConfiguration.h"
+#include "runtime/host/sid_text.h"
 #include "runtime/util/QVDomainController.h"
 #include "runtime/util/QVMain.h"
 #include "runtime/util/QVUser.h"
@@ -28,7 +29,7 @@ void askForEachOf(const wchar_t* operation, const OwnedArray<QVUser>& users) {
 
 void askForSids(const wchar_t* operation) {
     for (const wchar_t* text : {L"S-1-5-21-9-9-9-9999", L"S-1-5-18", L"S-1-5-32-545", L"S-1-1-0"}) {
-        const host::Sid sid = sidFromText(text);
+        const host::Sid sid = *host::sidOf(text);
         ask(operation, {text}, [&] { return quotaOf(reinterpret_cast<const SID*>(&sid)); });
     }
     ask(operation, {L"no account"}, [] { return quotaOf(nullptr); });

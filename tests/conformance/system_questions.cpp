@@ -14,10 +14,12 @@ void askForVersionTexts() {
         ask(L"QVVersion::mf_VersionNumberToVersionString", {number},
             [&] { return shown(QVVersion::mf_VersionNumberToVersionString(number)); });
     }
-    for (const DottedVersion& version :
-         {DottedVersion{6, 1, 5, 2}, DottedVersion{0, 0, 0, 0}, DottedVersion{255, 255, 255, 255},
-          DottedVersion{256, 0, 0, 0}, DottedVersion{0, 0, 0, 4294967295U}}) {
-        ask(L"QVVersion::pack", {toText(version)}, [&] { return shown(QVVersion::pack(version)); });
+    for (const host::DottedVersion& version :
+         {host::DottedVersion{6, 1, 5, 2}, host::DottedVersion{0, 0, 0, 0},
+          host::DottedVersion{255, 255, 255, 255}, host::DottedVersion{256, 0, 0, 0},
+          host::DottedVersion{0, 0, 0, 4294967295U}}) {
+        ask(L"QVVersion::pack", {CString(host::versionText(version))},
+            [&] { return shown(QVVersion::pack(version)); });
     }
 }
 

@@ -4,9 +4,10 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "runtime/admin/AccountDirectory.h"
 #include "runtime/admin/config_text.h"
 #include "runtime/admin/quota_entry.h"
+#include "runtime/host/sid_text.h"
+#include "runtime/util/AccountIndex.h"
 
 namespace {
 
@@ -23,8 +24,8 @@ void checkEntry(const QuotaEntry& entry) {
     if (isDefault != entry.account.empty()) __builtin_trap();
     if (entry.account.find_first_of(L"\"\n\r") != std::wstring::npos) __builtin_trap();
     if (entry.quota == QVQuota()) __builtin_trap();
-    const host::Sid sid = sidFromText(CString(entry.account));
-    if (!sid.empty() && !(sidFromText(toText(sid)) == sid)) __builtin_trap();
+    const auto sid = host::sidOf(entry.account);
+    if (sid && host::sidOf(host::sidText(*sid)) != sid) __builtin_trap();
 }
 
 }  // namespace
@@ -32,13 +33,14 @@ void checkEntry(const QuotaEntry& entry) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     ConfigLines lines({reinterpret_cast<const char*>(data), size});
     ConfigLine line;
-    AccountDirectory<std::size_t> accounts;
+    AccountIndex<std::size_t> accounts;
     try {
         while (lines.next(line)) {
             const auto entry = parseQuotaEntry(line.text);
             if (!entry) continue;
             checkEntry(*entry);
-            const QVSid account({L"", entry->account, sidFromText(CString(entry->account))});
+            const host::Account account{L"", entry->account,
+                                        host::sidOf(entry->account).value_or(host::Sid())};
             if (accounts.find(account) == nullptr) accounts.add(account, line.number);
             if (accounts.find(account) == nullptr) __builtin_trap();
         }

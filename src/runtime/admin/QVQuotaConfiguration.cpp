@@ -10,6 +10,7 @@
 #include "runtime/base/QVErrno.h"
 #include "runtime/base/operation.h"
 #include "runtime/host/host.h"
+#include "runtime/host/sid_text.h"
 #include "runtime/util/DomainSession.h"
 
 namespace {
@@ -70,7 +71,7 @@ CString namesOf(const QuotaEntries& groups, const std::set<int>& matching, const
     for (const int index : matching) {
         if (groups.at(index).quota() != largest) continue;
         if (count++ != 0) names += L", ";
-        names += groups.at(index).account().fullName();
+        names += groups.at(index).sid().fullName();
     }
     return (count == 1 ? L"group " : L"groups ") + names;
 }
@@ -89,7 +90,7 @@ bool findGroupRule(Instance& quotas, const host::Account& account, Rule& rule) {
 }
 
 bool findUserRule(const QuotaEntries& users, const host::Account& account, Rule& rule) {
-    const int index = users.find(QVSid(account));
+    const int index = users.find(account);
     if (index == QuotaEntries::none) return false;
     rule = {QVQuotaConfiguration::userEntry, &users.at(index).quota(), {}};
     return true;
@@ -112,7 +113,8 @@ bool findRuleByName(Instance& quotas, const host::Sid& sid, Rule& rule) {
         return !quotas.groups.empty() && findGroupRule(quotas, known, rule);
     }
     if (quotas.users.haveUndecided() || !quotas.groups.empty()) {
-        raise(account.failure, formatted(L"the name of the account %s cannot be determined", toText(sid)));
+        raise(account.failure,
+              formatted(L"the name of the account %s cannot be determined", host::sidText(sid).c_str()));
     }
     return false;
 }
@@ -141,7 +143,8 @@ void QVQuotaConfiguration::mf_deleteInstance() {
 
 QuotaType QVQuotaConfiguration::mf_getQuota(const SID* account, QVQuota*& quota, CString& explanation) {
     const host::Sid sid = copyOf(account);
-    if (operation::answersZero(L"QVQuotaConfiguration::mf_getQuota", [&sid] { return toText(sid); })) {
+    if (operation::answersZero(L"QVQuotaConfiguration::mf_getQuota",
+                               [&sid] { return CString(host::sidText(sid)); })) {
         quota = &noQuota();
         return noRule;
     }

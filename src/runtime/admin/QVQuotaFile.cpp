@@ -6,6 +6,7 @@
 #include "runtime/base/operation.h"
 #include "runtime/base/product.h"
 #include "runtime/host/host.h"
+#include "runtime/host/sid_text.h"
 
 namespace {
 
@@ -14,7 +15,7 @@ const wchar_t* const parseName = L"QVConfigFileBase::mf_parse";
 
 host::Answer<std::wstring> installationDirectory() {
     using Directory = host::Answer<std::wstring>;
-    const auto value = host::registryValue(product::clientKey, L"Path");
+    const auto value = host::registryValue(product::clientKey, product::pathValue);
     if (!value.found()) return Directory::without(value);
     if (value.value.kind != host::RegistryValue::Kind::text) {
         return Directory::failed(0, L"the registry value Path is of type " + value.value.typeName);
@@ -30,24 +31,24 @@ struct LookedUp {
     CString warning{};  ///< why it is as it is written; else empty
 };
 
-bool isSidText(const std::wstring& text) {
-    return CString(text.substr(0, 4)).CompareNoCase(L"s-1-") == 0;
+/// The account as it is written: "DOMAIN\name", or a name alone.
+host::Account named(const std::wstring& written) {
+    const std::size_t separator = written.find(L'\\');
+    if (separator == std::wstring::npos) return {L"", written, {}};
+    return {written.substr(0, separator), written.substr(separator + 1), {}};
 }
 
 LookedUp lookUp(const std::wstring& written, const CString& place) {
-    host::Sid sid;
-    if (isSidText(written)) {
-        sid = sidFromText(CString(written));
-        if (sid.empty())
-            throw ConfigMistake{quotedText(written) + L" is no SID, expected one like S-1-5-32-545"};
-    }
-    auto known = sid.empty() ? host::accountOfName(written) : host::accountOfSid(sid);
+    const auto sid = host::sidOf(written);
+    if (!sid && host::looksLikeSid(written))
+        throw ConfigMistake{quotedText(written) + L" is no SID, expected one like S-1-5-32-545"};
+    auto known = sid ? host::accountOfSid(*sid) : host::accountOfName(written);
     if (known.found()) {
-        if (!sid.empty()) known.value.sid = sid;
+        if (sid) known.value.sid = *sid;
         return LookedUp{std::move(known.value)};
     }
-    LookedUp asWritten{sid.empty() ? host::Account{L"", written, {}} : host::Account{L"", L"", sid}};
-    asWritten.asked = known.isMissing() || !sid.empty();
+    LookedUp asWritten{sid ? host::Account{L"", L"", *sid} : named(written)};
+    asWritten.asked = known.isMissing() || sid;
     asWritten.warning = known.isMissing()
                             ? formatted(L"%s: the account '%s' is not known", place, written.c_str())
                             : reasonText(known, formatted(L"%s: the account '%s' cannot be looked up", place,
@@ -125,11 +126,10 @@ void QVQuotaFile::setDefault(const QuotaEntry& entry, std::size_t line) {
 void QVQuotaFile::addAccount(const QuotaEntry& entry, std::size_t line) {
     const CString place = formatted(L"%s, line %u", mf_getPath(), static_cast<unsigned long long>(line));
     const LookedUp found = lookUp(entry.account, place);
-    const QVSid account(found.account);
-    if (const std::size_t* firstLine = m_lines.find(account)) {
-        refuseDuplicate(L"the account " + quotedText(account.fullName().units()), *firstLine);
+    if (const std::size_t* firstLine = m_lines.find(found.account)) {
+        refuseDuplicate(L"the account " + quotedText(QVSid(found.account).fullName().units()), *firstLine);
     }
-    m_lines.add(account, line);
+    m_lines.add(found.account, line);
     if (!found.warning.IsEmpty()) warn(found.warning);
     m_entries.push_back(std::make_unique<QVSidQuota>(found.account, entry.quota, found.asked));
     (entry.kind == QuotaEntry::Kind::user ? m_users : m_groups).Add(m_entries.back().get());

@@ -6,9 +6,9 @@
 #include <optional>
 #include <vector>
 
-#include "runtime/admin/AccountDirectory.h"
 #include "runtime/admin/QVConfigFileBase.h"
 #include "runtime/admin/QVSidQuota.h"
+#include "runtime/util/AccountIndex.h"
 #include "runtime/util/QVArray.h"
 
 struct QuotaEntry;
@@ -54,6 +54,6 @@ private:
     QVArray<QVSidQuota*> m_groups;
     std::optional<QVQuota> m_default;
     std::size_t m_defaultLine = 0;
-    AccountDirectory<std::size_t> m_lines;  ///< where each account was given
+    AccountIndex<std::size_t> m_lines;  ///< where each account was given
     int m_warnings = 0;
 };

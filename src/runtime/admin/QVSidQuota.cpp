@@ -4,12 +4,12 @@
 
 const QVSid& QVSidQuota::mf_getSid() const {
     static const QVSid none{host::Account{}};
-    if (operation::answersZero(L"QVSidQuota::mf_getSid", m_sid.fullName())) return none;
+    if (operation::answersZero(L"QVSidQuota::mf_getSid", [this] { return m_sid.fullName(); })) return none;
     return m_sid;
 }
 
 const QVQuota& QVSidQuota::mf_getQuota() const {
     static const QVQuota none;
-    if (operation::answersZero(L"QVSidQuota::mf_getQuota", m_sid.fullName())) return none;
+    if (operation::answersZero(L"QVSidQuota::mf_getQuota", [this] { return m_sid.fullName(); })) return none;
     return m_quota;
 }

@@ -15,7 +15,8 @@ public:
     const QVQuota& mf_getQuota() const;
 
     /// The same outside of any operation.
-    const QVSid& account() const { return m_sid; }
+    const QVSid& sid() const { return m_sid; }
+    const host::Account& account() const { return m_sid.account(); }
     QVQuota& quota() { return m_quota; }
     bool asked() const { return m_asked; }
 

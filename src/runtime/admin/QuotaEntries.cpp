@@ -1,23 +1,20 @@
 #include "runtime/admin/QuotaEntries.h"
 
 #include "runtime/base/QVErrno.h"
+#include "runtime/host/letter_case.h"
 
 namespace {
 
 /// The name without domain, in small letters.
-std::wstring bareName(const CString& fullName) {
-    CString lower = fullName;
-    lower.MakeLower();
-    const std::wstring& units = lower.units();
-    const std::size_t separator = units.find(L'\\');
-    return separator == std::wstring::npos ? units.substr(0, units.find(L'@')) : units.substr(separator + 1);
+std::wstring bareName(const host::Account& account) {
+    const bool isPrincipal = account.domain.empty();
+    return host::folded(isPrincipal ? account.name.substr(0, account.name.find(L'@')) : account.name);
 }
 
 /// Whether the name can only mean the one account of that full name: a DNS name of a domain is not its name
 /// in full names.
-bool isFullName(const CString& name) {
-    const std::size_t separator = name.units().find(L'\\');
-    return separator != std::wstring::npos && name.units().find(L'.') >= separator;
+bool isFullName(const host::Account& account) {
+    return !account.domain.empty() && account.domain.find(L'.') == std::wstring::npos;
 }
 
 }  // namespace
@@ -26,7 +23,7 @@ QuotaEntries::QuotaEntries(const QVArray<QVSidQuota*>& entries) : m_entries(entr
     for (int i = 0; i < entries.GetSize(); ++i) {
         const QVSidQuota& entry = *entries[i];
         m_index.add(entry.account(), i);
-        if (entry.account().sid().empty()) addName(entry);
+        if (entry.account().sid.empty()) addName(entry);
     }
 }
 
@@ -34,20 +31,18 @@ void QuotaEntries::addName(const QVSidQuota& entry) {
     m_needNames = true;
     if (entry.asked()) return;
     m_undecided = true;
-    const CString& name = entry.account().fullName();
-    if (!isFullName(name)) m_undecidedNames.insert(bareName(name));
+    if (!isFullName(entry.account())) m_undecidedNames.insert(bareName(entry.account()));
 }
 
-int QuotaEntries::lookUp(const QVSid& account) const {
+int QuotaEntries::lookUp(const host::Account& account) const {
     if (const int* index = m_index.find(account)) return *index;
-    const bool mayBeMeant =
-        !m_undecidedNames.empty() && m_undecidedNames.count(bareName(account.fullName())) != 0;
+    const bool mayBeMeant = !m_undecidedNames.empty() && m_undecidedNames.count(bareName(account)) != 0;
     return mayBeMeant ? undecided : none;
 }
 
-int QuotaEntries::find(const QVSid& account) const {
+int QuotaEntries::find(const host::Account& account) const {
     const int index = lookUp(account);
     if (index != undecided) return index;
     raise(QVErrno::_E_::Unspecific,
-          formatted(L"whether the quota file means '%s' cannot be determined", account.fullName()));
+          formatted(L"whether the quota file means '%s' cannot be determined", QVSid(account).fullName()));
 }

@@ -5,8 +5,8 @@
 #include <set>
 #include <string>
 
-#include "runtime/admin/AccountDirectory.h"
 #include "runtime/admin/QVSidQuota.h"
+#include "runtime/util/AccountIndex.h"
 #include "runtime/util/QVArray.h"
 
 class QuotaEntries {
@@ -27,15 +27,15 @@ public:
 
     /// The index of the account's entry, or `none`; `undecided` when an entry whose account the system could
     /// not be asked for may be this account's.
-    int lookUp(const QVSid& account) const;
+    int lookUp(const host::Account& account) const;
     /// The same, but for an undecided account throws `QVErrno`.
-    int find(const QVSid& account) const;
+    int find(const host::Account& account) const;
 
 private:
     void addName(const QVSidQuota& entry);
 
     const QVArray<QVSidQuota*>& m_entries;
-    AccountDirectory<int> m_index;
+    AccountIndex<int> m_index;
     bool m_needNames = false;
     bool m_undecided = false;
     std::set<std::wstring> m_undecidedNames;  ///< small letters, without domain

@@ -10,7 +10,7 @@ bool QuotaGroups::Matches::operator==(const Matches& other) const {
 }
 
 void QuotaGroups::match(const host::Account& group, Matches& matches) const {
-    const int index = m_groups.lookUp(QVSid(group));
+    const int index = m_groups.lookUp(group);
     if (index >= 0) matches.entries.insert(index);
     if (index == QuotaEntries::undecided && matches.undecided.empty()) matches.undecided.push_back(group);
 }
@@ -32,7 +32,7 @@ QuotaGroups::Matches QuotaGroups::matchesIn(const MembershipTable& table, std::s
 host::Answer<MembershipTable> QuotaGroups::readTable(const ListedAccounts& accounts) const {
     return DomainSession::ask([&](const host::AccountSource& source) {
         const auto isMatched = [this](const host::Account& group) {
-            return m_groups.lookUp(QVSid(group)) != QuotaEntries::none;
+            return m_groups.lookUp(group) != QuotaEntries::none;
         };
         const auto isMatchedOfDomain = [&isMatched](const host::Account& group) {
             return !isBuiltIn(group) && isMatched(group);
@@ -69,7 +69,7 @@ void QuotaGroups::tryTable(const host::Account& account, std::size_t index, cons
 
 std::set<int> QuotaGroups::decided(const Matches& matches) const {
     for (const host::Account& group : matches.undecided)
-        m_groups.find(QVSid(group));
+        m_groups.find(group);
     return matches.entries;
 }
 

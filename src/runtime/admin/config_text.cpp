@@ -87,7 +87,8 @@ bool ConfigLines::next(ConfigLine& line) {
 CString quotedText(std::wstring_view text) {
     constexpr std::size_t longest = 60;
     const bool isShortened = text.size() > longest;
-    const bool splitsCharacter = isShortened && text[longest - 1] >= 0xD800 && text[longest - 1] <= 0xDBFF;
+    const bool splitsCharacter =
+        isShortened && host::isHighSurrogate(static_cast<char32_t>(text[longest - 1]));
     std::wstring quoted = L"\"";
     quoted += text.substr(0, longest - (splitsCharacter ? 1 : 0));
     quoted += isShortened ? L"...\"" : L"\"";

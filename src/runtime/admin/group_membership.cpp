@@ -3,19 +3,15 @@
 #include <algorithm>
 #include <iterator>
 
-#include "runtime/base/CString.h"
 #include "runtime/base/QVErrno.h"
 #include "runtime/host/host.h"
+#include "runtime/host/letter_case.h"
 #include "runtime/util/DomainSession.h"
 #include "runtime/util/ListedAccounts.h"
 
 namespace {
 
 using Accounts = std::vector<host::Account>;
-
-bool equalNames(const std::wstring& left, const CString& right) {
-    return CString(left).CompareNoCase(right) == 0;
-}
 
 /// Unlike elsewhere, "not there" is no answer: the account is there.
 void append(const host::Answer<Accounts>& answer, const wchar_t* which, const host::Account& account,
@@ -34,12 +30,12 @@ void append(const host::Answer<Accounts>& answer, const wchar_t* which, const ho
 bool isOfDomain(const host::Account& account) {
     const host::Membership& membership = DomainSession::membership();
     if (!membership.joined) return false;
-    const bool hasDomainName = equalNames(account.domain, CString(membership.domainName));
+    const bool hasDomainName = host::equalIgnoringCase(account.domain, membership.domainName);
     if (hasDomainName && membership.domainController) return true;  // it has no other accounts
     const auto own = host::accountDomain();
     if (!own.found() && !hasDomainName) raise(own.failure, L"the name of this computer cannot be determined");
     // A domain may have the name of this computer: then the SID tells.
-    const bool hasOwnName = own.found() && equalNames(account.domain, CString(own.value.name));
+    const bool hasOwnName = own.found() && host::equalIgnoringCase(account.domain, own.value.name);
     if (hasOwnName && (!hasDomainName || own.value.has(account.sid))) return false;
     if (hasDomainName) return true;
     raise(QVErrno::_E_::Unspecific,

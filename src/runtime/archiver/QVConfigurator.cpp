@@ -6,18 +6,20 @@
 #include "runtime/base/operation.h"
 #include "runtime/base/product.h"
 #include "runtime/host/host.h"
+#include "runtime/host/text.h"
 
 constinit const QVBackend QVBackend::QSX{1};
 
 namespace {
 
-constexpr DottedVersion minimumVersion{6, 1, 0, 0};
-constexpr DottedVersion maximumVersion{7, 0, 0, 0};
+constexpr host::DottedVersion minimumVersion{6, 1, 0, 0};
+constexpr host::DottedVersion maximumVersion{7, 0, 0, 0};
 
-DottedVersion installedVersion() {
+host::DottedVersion installedVersion() {
     const auto system = host::system();
     const bool is32Bit = system.found() && system.value.is32Bit;
-    const auto value = host::registryValue(is32Bit ? product::apiKey32 : product::apiKey64, L"PtfLevel");
+    const auto value =
+        host::registryValue(is32Bit ? product::apiKey32 : product::apiKey64, product::versionValue);
     if (value.isMissing()) raise(QVErrno::_E_::Unspecific, L"the backup API is not installed");
     if (!value.found()) raise(value.failure, L"the version of the backup API cannot be read");
     if (value.value.kind != host::RegistryValue::Kind::text) {
@@ -25,7 +27,7 @@ DottedVersion installedVersion() {
               formatted(L"the version of the backup API is %s, but a text was expected",
                         value.value.typeName.c_str()));
     }
-    const auto version = parseDottedVersion(CString(value.value.text));
+    const auto version = host::versionOf(host::trimmed(value.value.text));
     if (!version) {
         raise(QVErrno::_E_::Unspecific,
               formatted(L"'%s' is not a version of the backup API", value.value.text.c_str()));
@@ -53,10 +55,10 @@ int QVConfigurator::mf_isAPISupported() const {
 
 const CString QVConfigurator::mf_getRequiredAPIVersionMin() const {
     if (operation::answersZero(L"QVConfigurator::mf_getRequiredAPIVersionMin")) return {};
-    return toText(minimumVersion);
+    return CString(host::versionText(minimumVersion));
 }
 
 const CString QVConfigurator::mf_getRequiredAPIVersionMax() const {
     if (operation::answersZero(L"QVConfigurator::mf_getRequiredAPIVersionMax")) return {};
-    return toText(maximumVersion);
+    return CString(host::versionText(maximumVersion));
 }

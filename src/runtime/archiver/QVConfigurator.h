@@ -4,7 +4,7 @@
 
 #include "runtime/archiver/QVBackend.h"
 #include "runtime/base/CString.h"
-#include "runtime/base/dotted_version.h"
+#include "runtime/host/numbers.h"
 
 class QVConfigurator {
 public:
@@ -22,7 +22,7 @@ public:
     const CString mf_getRequiredAPIVersionMax() const;  ///< the first version that is no longer supported
 
 private:
-    explicit QVConfigurator(const DottedVersion& installed) : m_installed(installed) {}
+    explicit QVConfigurator(const host::DottedVersion& installed) : m_installed(installed) {}
 
-    DottedVersion m_installed;
+    host::DottedVersion m_installed;
 };

@@ -38,8 +38,7 @@ public:
     /// As `Compare`, with the letters of `MakeLower` taken as equal in both cases.
     int CompareNoCase(const CString& other) const;
 
-    /// Lower-cases, upper-cases in place: Latin, Greek and Cyrillic letters, the same on every platform and
-    /// in every locale.
+    /// Lower-cases, upper-cases in place, unit by unit as Windows does it for names (`host::lowerCase`).
     void MakeLower();
     void MakeUpper();
 

@@ -2,6 +2,7 @@
 
 #include "runtime/base/system_error.h"
 #include "runtime/host/answer.h"
+#include "runtime/host/text.h"
 
 constinit const QVErrnoValue QVErrno::_E_::Unknown{1};
 constinit const QVErrnoValue QVErrno::_E_::System{2};
@@ -21,16 +22,6 @@ const wchar_t* messageOf(std::uint32_t category) {
         case 6: return L"Operation failed";
         default: return L"Unknown error";
     }
-}
-
-/// The error stays one line, whatever text it was given.
-std::wstring inOneLine(std::wstring text) {
-    for (wchar_t& unit : text) {
-        if (unit == L'\r' || unit == L'\n') unit = L' ';
-    }
-    while (!text.empty() && text.back() == L' ')
-        text.pop_back();
-    return text;
 }
 
 }  // namespace
@@ -60,7 +51,7 @@ const CString QVErrno::mf_toString() const noexcept try {
     const bool told = text.ends_with(originator);  // by a message that has it as its insert
     if (!told) text += (text.empty() ? L"" : L": ") + originator;
     text += systemErrorPhrase(m_data.m_systemError);
-    return CString(inOneLine(std::move(text)));
+    return CString(host::inOneLine(std::move(text)));
 } catch (...) {
     return {};
 }

@@ -97,7 +97,8 @@ std::wstring rotatedName(const std::wstring& name) {
 std::uint32_t configuredLevels() {
     const std::uint32_t standard = QVLogData::LEVEL_S.m_mask | QVLogData::LEVEL_E.m_mask |
                                    QVLogData::LEVEL_W.m_mask | QVLogData::LEVEL_I.m_mask;
-    const auto setting = host::registryValue(std::wstring(product::clientKey) + L"\\kvxinfo", L"LogLevel");
+    const auto setting =
+        host::registryValue(std::wstring(product::clientKey) + L"\\kvxinfo", product::logLevelValue);
     const bool usable = setting.found() && setting.value.kind == host::RegistryValue::Kind::number;
     return usable ? setting.value.number : standard;
 }

@@ -1,12 +1,12 @@
 #include "runtime/base/QVSystem.h"
 
 #include "runtime/base/QVErrno.h"
-#include "runtime/base/dotted_version.h"
 #include "runtime/base/fact_lines.h"
 #include "runtime/base/natural_cause.h"
 #include "runtime/base/operation.h"
 #include "runtime/base/size_text.h"
 #include "runtime/host/host.h"
+#include "runtime/host/numbers.h"
 
 namespace {
 
@@ -21,7 +21,7 @@ CString windowsName(const host::SystemFacts& facts) {
 }
 
 CString versionNumber(const host::SystemFacts& facts) {
-    return toText(DottedVersion{facts.major, facts.minor, facts.build, facts.revision});
+    return CString(host::versionText({facts.major, facts.minor, facts.build, facts.revision}));
 }
 
 void addMembership(FactLines& lines) {

@@ -6,14 +6,15 @@
 const CString QVVersion::mf_VersionNumberToVersionString(unsigned long number) {
     if (operation::answersZero(L"QVVersion::mf_VersionNumberToVersionString")) return {};
     const auto field = [number](int shift) { return static_cast<std::uint32_t>(number >> shift & 0xFFU); };
-    return toText({field(24), field(16), field(8), field(0)});
+    return CString(host::versionText({field(24), field(16), field(8), field(0)}));
 }
 
-unsigned long QVVersion::pack(const DottedVersion& version) {
+unsigned long QVVersion::pack(const host::DottedVersion& version) {
     unsigned long packed = 0;
     for (const std::uint32_t field : version) {
         if (field > 0xFF)
-            raise(QVErrno::_E_::Unspecific, L"version " + toText(version) + L" cannot be packed");
+            raise(QVErrno::_E_::Unspecific,
+                  CString(L"version " + host::versionText(version) + L" cannot be packed"));
         packed = packed << 8 | field;
     }
     return packed;

@@ -3,7 +3,7 @@
 /// Packed version numbers, as the filter driver reports its own: one byte for each of four fields.
 
 #include "runtime/base/CString.h"
-#include "runtime/base/dotted_version.h"
+#include "runtime/host/numbers.h"
 
 class QVVersion {
 public:
@@ -11,5 +11,5 @@ public:
     static const CString mf_VersionNumberToVersionString(unsigned long number);
 
     /// The packed form of `version`. Throws `QVErrno` that names the version when a field is above 255.
-    static unsigned long pack(const DottedVersion& version);
+    static unsigned long pack(const host::DottedVersion& version);
 };

@@ -3,6 +3,7 @@
 /// Descriptions of one fact a line, with aligned labels.
 
 #include "runtime/base/CString.h"
+#include "runtime/host/text.h"
 
 class FactLines {
 public:
@@ -14,22 +15,13 @@ public:
         CString padded = label;
         while (padded.GetLength() < m_labelWidth)
             padded += L' ';
-        m_text = m_text + m_prefix + padded + inOneLine(fact);
+        m_text = m_text + m_prefix + padded + CString(host::inOneLine(fact.units()));
     }
 
     /// The lines, separated by CR LF; none at the end.
     const CString& text() const { return m_text; }
 
 private:
-    /// A label on a disk, say, may hold anything; it must not make up lines or steer a terminal.
-    static CString inOneLine(const CString& fact) {
-        std::wstring units = fact.units();
-        for (wchar_t& unit : units) {
-            if (unit < L' ' || (unit >= 0x7F && unit < 0xA0)) unit = L' ';
-        }
-        return CString(units);
-    }
-
     CString m_prefix;
     int m_labelWidth;
     CString m_text;

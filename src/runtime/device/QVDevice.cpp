@@ -21,9 +21,9 @@ std::optional<std::wstring> imagePath;
 }  // namespace
 
 void QVDevice::mf_startDriver() {
-    if (operation::answersZero(L"QVDevice::mf_startDriver", product::driverService)) return;
-    const auto service = host::service(product::driverService);
-    const CString name = formatted(L"driver service '%s'", product::driverService);
+    if (operation::answersZero(L"QVDevice::mf_startDriver", product::driver)) return;
+    const auto service = host::service(product::driver);
+    const CString name = formatted(L"driver service '%s'", product::driver);
     if (service.isMissing())
         raise(QVErrno::_E_::System, name + L" is not installed", errorServiceDoesNotExist);
     if (!service.found()) raise(service.failure, name + L" cannot be queried");
@@ -35,7 +35,7 @@ void QVDevice::mf_startDriver() {
 }
 
 unsigned long QVDevice::mf_queryDriverVersion() {
-    if (operation::answersZero(L"QVDevice::mf_queryDriverVersion", product::driverService)) return 0;
+    if (operation::answersZero(L"QVDevice::mf_queryDriverVersion", product::driver)) return 0;
     if (!imagePath) raise(QVErrno::_E_::Unspecific, L"the driver was not started");
     const auto version = host::fileVersion(*imagePath);
     const CString image(*imagePath);
@@ -54,6 +54,6 @@ unsigned long QVDevice::mf_queryDriverVersion() {
 }
 
 void QVDevice::mf_stopDriver() {
-    if (operation::answersZero(L"QVDevice::mf_stopDriver", product::driverService)) return;
+    if (operation::answersZero(L"QVDevice::mf_stopDriver", product::driver)) return;
     imagePath.reset();
 }

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <tuple>
 
+#include "runtime/host/letter_case.h"
+
 namespace host {
 
 namespace {
@@ -17,6 +19,12 @@ std::pair<const std::uint32_t*, const std::uint32_t*> counted(const Sid& sid) {
 }
 
 }  // namespace
+
+bool isSameAccount(const Account& left, const Account& right) {
+    if (!left.sid.empty() && !right.sid.empty()) return left.sid == right.sid;
+    return !left.name.empty() && equalIgnoringCase(left.domain, right.domain) &&
+           equalIgnoringCase(left.name, right.name);
+}
 
 bool AccountDomain::has(const Sid& account) const {
     if (account.subAuthorityCount != sid.subAuthorityCount + 1) return false;

@@ -99,6 +99,10 @@ struct Account {
     bool operator==(const Account& other) const = default;
 };
 
+/// Whether two accounts are the same: by their SIDs; where one of them has none, by domain and name, in
+/// capital or small letters.
+bool isSameAccount(const Account& left, const Account& right);
+
 /// The domain of the accounts that a machine keeps by itself: its own, or, of a domain controller, its
 /// domain.
 struct AccountDomain {

@@ -7,14 +7,6 @@ namespace {
 constexpr char32_t replacement = 0xFFFD;
 constexpr char32_t lastCharacter = 0x10FFFF;
 
-bool isHighSurrogate(char32_t unit) {
-    return unit >= 0xD800 && unit <= 0xDBFF;
-}
-
-bool isLowSurrogate(char32_t unit) {
-    return unit >= 0xDC00 && unit <= 0xDFFF;
-}
-
 char byteOf(char32_t bits) {
     return static_cast<char>(static_cast<unsigned char>(bits));
 }

@@ -8,6 +8,14 @@
 
 namespace host {
 
+/// The two halves of a character above U+FFFF.
+constexpr bool isHighSurrogate(char32_t unit) {
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+constexpr bool isLowSurrogate(char32_t unit) {
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
 /// The bytes of UTF-16 units held in `wchar_t` (values above U+FFFF, where `wchar_t` is wider, are taken as
 /// code points). A surrogate without its partner becomes U+FFFD.
 std::string toUtf8(std::wstring_view units);

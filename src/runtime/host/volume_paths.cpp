@@ -1,9 +1,10 @@
 #include "runtime/host/volume_paths.h"
 
 #include <algorithm>
-#include <cwctype>
 #include <tuple>
 #include <utility>
+
+#include "runtime/host/letter_case.h"
 
 namespace host {
 
@@ -25,7 +26,7 @@ void mountAt(std::vector<std::wstring> paths, VolumeFacts& volume) {
     std::sort(paths.begin(), paths.end());
     for (std::wstring& path : paths) {
         if (isDrive(path) && !volume.letter) {
-            volume.letter = static_cast<wchar_t>(std::towupper(static_cast<std::wint_t>(path[0])));
+            volume.letter = upperCase(path[0]);
         } else {
             volume.folders.push_back(std::move(path));
         }

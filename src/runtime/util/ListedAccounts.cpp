@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <tuple>
 
-#include "runtime/base/CString.h"
+#include "runtime/host/letter_case.h"
 
 namespace {
 
@@ -18,18 +18,8 @@ std::pair<host::Sid, std::uint32_t> split(host::Sid sid) {
     return {sid, std::exchange(last, 0)};
 }
 
-/// The same for names that differ in capital and small letters only.
 std::uint64_t hashOf(const std::wstring& domain, const std::wstring& name) {
-    CString text(domain + L"\\" + name);
-    text.MakeLower();
-    std::uint64_t hash = 0xCBF29CE484222325U;
-    for (const wchar_t unit : text.units())
-        hash = (hash ^ static_cast<std::uint32_t>(unit)) * 0x100000001B3U;
-    return hash;
-}
-
-bool equalNames(const std::wstring& left, const std::wstring& right) {
-    return CString(left).CompareNoCase(CString(right)) == 0;
+    return host::hashIgnoringCase(name, host::hashIgnoringCase(L"\\", host::hashIgnoringCase(domain)));
 }
 
 }  // namespace
@@ -106,23 +96,29 @@ std::size_t ListedAccounts::find(const host::Sid& sid) const {
     return first;
 }
 
-std::size_t ListedAccounts::find(const std::wstring& domain, const std::wstring& name) const {
+template <class Accepts>
+std::size_t ListedAccounts::findNamed(const std::wstring& domain, const std::wstring& name,
+                                      Accepts accepts) const {
     if (name.empty()) return none;
     buildIndexes();
     const std::uint64_t hash = hashOf(domain, name);
     auto found = std::lower_bound(m_byName.begin(), m_byName.end(), std::pair(hash, std::uint32_t{0}));
     for (; found != m_byName.end() && found->first == hash; ++found) {
         const host::Account account = at(found->second);
-        if (equalNames(account.domain, domain) && equalNames(account.name, name)) return found->second;
+        if (host::equalIgnoringCase(account.domain, domain) && host::equalIgnoringCase(account.name, name) &&
+            accepts(account))
+            return found->second;
     }
     return none;
+}
+
+std::size_t ListedAccounts::find(const std::wstring& domain, const std::wstring& name) const {
+    return findNamed(domain, name, [](const host::Account&) { return true; });
 }
 
 std::size_t ListedAccounts::find(const host::Account& account) const {
     const std::size_t bySid = find(account.sid);
     if (bySid != none) return bySid;
-    const std::size_t byName = find(account.domain, account.name);
-    const bool isAnother =
-        byName != none && !account.sid.empty() && m_origins[m_entries[byName].origin].hasSid;
-    return isAnother ? none : byName;
+    return findNamed(account.domain, account.name,
+                     [&account](const host::Account& listed) { return isSameAccount(listed, account); });
 }

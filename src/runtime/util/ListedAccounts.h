@@ -24,7 +24,7 @@ public:
     /// letters; `none` where there is none, and for an empty SID or name.
     std::size_t find(const host::Sid& sid) const;
     std::size_t find(const std::wstring& domain, const std::wstring& name) const;
-    /// By the account's SID, or by its name where one of the two has no SID.
+    /// The first account that is the same (`host::isSameAccount`).
     std::size_t find(const host::Account& account) const;
 
 private:
@@ -40,6 +40,8 @@ private:
         std::uint32_t rid;
     };
 
+    template <class Accepts>
+    std::size_t findNamed(const std::wstring& domain, const std::wstring& name, Accepts accepts) const;
     std::uint32_t originOf(const host::Account& account);
     void buildIndexes() const;
     std::uint64_t nameEnd(std::size_t index) const;

@@ -1,23 +1,15 @@
 #include "runtime/util/MembershipTable.h"
 
 #include <algorithm>
-#include <map>
-#include <string>
 #include <utility>
 
-#include "runtime/base/CString.h"
 #include "runtime/host/paging.h"
+#include "runtime/util/AccountIndex.h"
 
 namespace {
 
 using Index = std::uint32_t;
 using Done = host::Answer<host::Done>;
-
-std::wstring nameKey(const host::Account& account) {
-    CString name(account.domain + L"\\" + account.name);
-    name.MakeLower();
-    return name.units();
-}
 
 }  // namespace
 
@@ -88,8 +80,7 @@ private:
     Done listGroups(const GroupSet& set) {
         return host::readPages<host::Account>(set.list, [&](host::Account&& account) {
             const auto index = static_cast<Index>(m_groups.size());
-            if (!account.sid.empty()) m_bySid.emplace(account.sid, index);
-            m_byName.emplace(nameKey(account), index);
+            m_index.add(account, index);
             const bool isWanted = set.isWanted && set.isWanted(account);
             m_groups.push_back({std::move(account), &set, isWanted});
         });
@@ -138,23 +129,14 @@ private:
         const std::size_t account = m_accounts.find(member);
         if (account != ListedAccounts::none) m_memberships.emplace_back(static_cast<Index>(account), group);
         std::vector<Index>& members = m_groups[group].members;
-        if (!member.sid.empty()) {
-            const auto [first, last] = m_bySid.equal_range(member.sid);
-            for (auto found = first; found != last; ++found)
-                members.push_back(found->second);
-        } else {
-            const auto [first, last] = m_byName.equal_range(nameKey(member));
-            for (auto found = first; found != last; ++found)
-                members.push_back(found->second);
-        }
+        m_index.forEach(member, [&members](Index same) { members.push_back(same); });
     }
 
     const std::vector<GroupSet>& m_sets;
     host::Nesting m_nesting;
     const ListedAccounts& m_accounts;
     std::vector<Group> m_groups;
-    std::multimap<host::Sid, Index> m_bySid;
-    std::multimap<std::wstring, Index> m_byName;
+    AccountIndex<Index> m_index;
     std::vector<host::Account> m_wanted;
     std::vector<std::pair<Index, Index>> m_memberships;  ///< account, group
 };

@@ -11,7 +11,7 @@ using SID = _SID;
 /// Binary SID, SID string and full name of an account.
 class QVSid {
 public:
-    explicit QVSid(const host::Account& account);
+    explicit QVSid(host::Account account) : m_account(std::move(account)) {}
     virtual ~QVSid() = default;
     QVSid(const QVSid&) = default;
     QVSid& operator=(const QVSid&) = default;
@@ -25,20 +25,12 @@ public:
     /// "DOMAIN\name"; the SID string of an account that cannot be resolved. May throw `QVErrno`.
     const CString mf_getFullName() const;
 
-    const host::Sid& sid() const { return m_sid; }
-    /// The full name, outside of any operation.
-    const CString& fullName() const { return m_fullName; }
+    /// Account and full name, outside of any operation.
+    const host::Account& account() const { return m_account; }
+    CString fullName() const;
 
 private:
-    host::Sid m_sid;
-    CString m_fullName;
+    const host::Sid& knownSid() const;
+
+    host::Account m_account;
 };
-
-/// The SID as text.
-CString toText(const host::Sid& sid);
-
-/// The SID that a text names; empty when it names none.
-host::Sid sidFromText(const CString& text);
-
-/// The account's domain, name and SID as the host wants them.
-host::Account toAccount(const QVSid& account);

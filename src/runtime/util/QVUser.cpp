@@ -51,8 +51,8 @@ int QVUser::mf_getDomainUserList(QVArray<QVUser*, QVUser*>& list) {
 }
 
 int QVUser::mf_getComputerGroupList(QVArray<QVGroup*, QVGroup*>& list) {
-    if (operation::answersZero(L"QVUser::mf_getComputerGroupList", fullName())) return 0;
-    const auto groups = host::localGroupsOf({}, toAccount(*this));
+    if (operation::answersZero(L"QVUser::mf_getComputerGroupList", [this] { return fullName(); })) return 0;
+    const auto groups = host::localGroupsOf({}, account());
     if (groups.found()) {
         fillAccountList(list, groups.value);
         return 1;
@@ -63,8 +63,9 @@ int QVUser::mf_getComputerGroupList(QVArray<QVGroup*, QVGroup*>& list) {
 }
 
 int QVUser::mf_getDomainLocalGroupList(QVArray<QVGroup*, QVGroup*>& list) {
-    if (operation::answersZero(L"QVUser::mf_getDomainLocalGroupList", fullName())) return 0;
-    const auto groups = QVDomainController::domainLocalGroupsOf(toAccount(*this));
+    if (operation::answersZero(L"QVUser::mf_getDomainLocalGroupList", [this] { return fullName(); }))
+        return 0;
+    const auto groups = QVDomainController::domainLocalGroupsOf(account());
     if (groups.found()) {
         fillAccountList(list, groups.value);
         return 1;

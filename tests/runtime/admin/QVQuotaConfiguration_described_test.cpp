@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "runtime/base/QVErrno.h"
+#include "runtime/host/sid_text.h"
 #include "tests/runtime/util/described_domain.h"
 
 namespace {
@@ -59,7 +60,7 @@ protected:
 
     /// "TYPE|QUOTA|EXPLANATION" of an account, or "error: TEXT".
     static std::wstring quotaOf(const wchar_t* sid) {
-        const QVSid account({L"", L"", sidFromText(sid)});
+        const QVSid account({L"", L"", host::sidOf(sid).value_or(host::Sid())});
         QVQuota* quota = nullptr;
         CString explanation;
         try {

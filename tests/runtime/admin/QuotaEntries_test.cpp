@@ -16,7 +16,7 @@ protected:
         m_list.Add(m_owned.back().get());
     }
 
-    int lookUp(const host::Account& account) const { return QuotaEntries(m_list).lookUp(QVSid(account)); }
+    int lookUp(const host::Account& account) const { return QuotaEntries(m_list).lookUp(account); }
 
     std::vector<std::unique_ptr<QVSidQuota>> m_owned;
     QVArray<QVSidQuota*> m_list;
@@ -30,7 +30,7 @@ TEST_F(QuotaEntriesTest, AreFoundByTheirAccounts) {
     EXPECT_FALSE(entries.empty());
     EXPECT_EQ(lookUp(accountOf(L"CORP", L"ben", L"S-1-5-21-2")), 1);
     EXPECT_EQ(lookUp(accountOf(L"CORP", L"carol", L"S-1-5-21-3")), QuotaEntries::none);
-    EXPECT_EQ(entries.at(1).account().fullName(), L"CORP\\ben");
+    EXPECT_EQ(entries.at(1).sid().fullName(), L"CORP\\ben");
     EXPECT_FALSE(entries.needNames());
     EXPECT_FALSE(entries.haveUndecided());
 }
@@ -48,7 +48,7 @@ TEST_F(QuotaEntriesTest, ANameThatCouldNotBeAskedForMayMeanAnybodyOfThatName) {
     EXPECT_TRUE(QuotaEntries(m_list).haveUndecided());
     EXPECT_EQ(lookUp(accountOf(L"CORP", L"ANN", L"S-1-5-21-1")), QuotaEntries::undecided);
     EXPECT_EQ(lookUp(accountOf(L"CORP", L"ben", L"S-1-5-21-2")), QuotaEntries::none);
-    EXPECT_EQ(errorOf([&] { QuotaEntries(m_list).find(QVSid(accountOf(L"CORP", L"ann", L"S-1-5-21-1"))); }),
+    EXPECT_EQ(errorOf([&] { QuotaEntries(m_list).find(accountOf(L"CORP", L"ann", L"S-1-5-21-1")); }),
               L"Operation failed: whether the quota file means 'CORP\\ann' cannot be determined");
 }
 

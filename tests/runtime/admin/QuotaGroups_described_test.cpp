@@ -36,8 +36,7 @@ protected:
     static Entries expected(const QuotaEntries& entries, const host::Account& account) {
         Entries result;
         for (const host::Account& group : groupsOf(account, true)) {
-            if (const int index = entries.find(QVSid(group)); index != QuotaEntries::none)
-                result.insert(index);
+            if (const int index = entries.find(group); index != QuotaEntries::none) result.insert(index);
         }
         return result;
     }
@@ -64,7 +63,7 @@ TEST_F(QuotaGroupsTest, AreTheSameAsAskedForAloneInAnyDirectory) {
         const QuotaEntries entries(m_entries);
         QuotaGroups groups(entries);
         for (int i = 0; i < m_users.GetSize(); ++i) {
-            const host::Account account = toAccount(*m_users[i]);
+            const host::Account account = m_users[i]->account();
             const Entries alone = expected(entries, account);
             const std::uint64_t before = description::remoteQuestions();
             ASSERT_EQ(groups.entriesOf(account), alone) << "seed " << seed << "\n" << machine;
@@ -110,9 +109,9 @@ TEST_F(QuotaGroupsTest, WhereMembersCannotBeReadEachAccountIsAskedForAlone) {
         ASSERT_EQ(QVUser::mf_getDomainUserList(m_users), 1);
         const QuotaEntries entries(m_entries);
         QuotaGroups groups(entries);
-        EXPECT_EQ(groups.entriesOf(toAccount(*m_users[0])), Entries{});
-        EXPECT_EQ(groups.entriesOf(toAccount(*m_users[1])), (Entries{0, 1}));
-        EXPECT_THROW(groups.entriesOf(toAccount(*m_users[2])), QVErrno);
+        EXPECT_EQ(groups.entriesOf(m_users[0]->account()), Entries{});
+        EXPECT_EQ(groups.entriesOf(m_users[1]->account()), (Entries{0, 1}));
+        EXPECT_THROW(groups.entriesOf(m_users[2]->account()), QVErrno);
     }
 }
 
@@ -123,10 +122,10 @@ TEST_F(QuotaGroupsTest, AGroupThatAnEntryMayMeanLeavesItsMembersUndecided) {
     ASSERT_EQ(QVUser::mf_getDomainUserList(m_users), 1);
     const QuotaEntries entries(m_entries);
     QuotaGroups groups(entries);
-    EXPECT_EQ(groups.entriesOf(toAccount(*m_users[0])), Entries{});
+    EXPECT_EQ(groups.entriesOf(m_users[0]->account()), Entries{});
     for (int i : {1, 2, 1}) {
         const std::uint64_t before = description::remoteQuestions();
-        EXPECT_TRUE(holds(errorOf([&] { groups.entriesOf(toAccount(*m_users[i])); }),
+        EXPECT_TRUE(holds(errorOf([&] { groups.entriesOf(m_users[i]->account()); }),
                           L"whether the quota file means 'CORP\\Readers'"));
         EXPECT_EQ(description::remoteQuestions(), before);
     }

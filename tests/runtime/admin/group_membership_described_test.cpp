@@ -1,6 +1,7 @@
 #include "runtime/admin/group_membership.h"
 
 #include "runtime/base/QVErrno.h"
+#include "runtime/host/sid_text.h"
 #include "runtime/util/QVSid.h"
 #include "tests/runtime/util/described_domain.h"
 
@@ -46,8 +47,8 @@ TEST_F(GroupMembershipTest, WhereTheDomainHasTheNameOfTheComputerTheSidTells) {
     startOn(
         "[system]\ncomputer = WS01\nsid = S-1-5-21-1-2-3\n"
         "[domain]\njoined = yes\nname = WS01\ncontroller = DC01\nsid = S-1-5-21-4-5-6\n");
-    EXPECT_FALSE(isOfDomain({L"WS01", L"alice", sidFromText(L"S-1-5-21-1-2-3-1001")}));
-    EXPECT_TRUE(isOfDomain({L"WS01", L"alice", sidFromText(L"S-1-5-21-4-5-6-1001")}));
+    EXPECT_FALSE(isOfDomain({L"WS01", L"alice", host::sidOf(L"S-1-5-21-1-2-3-1001").value_or(host::Sid())}));
+    EXPECT_TRUE(isOfDomain({L"WS01", L"alice", host::sidOf(L"S-1-5-21-4-5-6-1001").value_or(host::Sid())}));
     EXPECT_TRUE(isOfDomain({L"WS01", L"alice", {}}));
 }
 

@@ -1,3 +1,4 @@
+#include "runtime/host/sid_text.h"
 #include "runtime/util/DomainLocalGroups.h"
 
 #include <cstdio>
@@ -20,7 +21,7 @@ protected:
 
     /// The same, as the controller answers it.
     static Names askedAlone(const QVUser& user) {
-        const auto groups = host::localGroupsOf(controller, toAccount(user));
+        const auto groups = host::localGroupsOf(controller, user.account());
         if (!groups.found()) return {L"failed"};
         Names names;
         for (const host::Account& group : groups.value)
@@ -72,7 +73,8 @@ TEST_F(DomainMemberships, AnAccountThatWasNotListedIsAskedForAlone) {
     listUsersOf(withWriters);
     for (int i = 0; i < m_users.GetSize(); ++i)
         groupsOf(*m_users[i]);
-    QVUser stranger(host::Account{L"CORP", L"nobody", sidFromText(L"S-1-5-21-1-2-3-4")});
+    QVUser stranger(
+        host::Account{L"CORP", L"nobody", host::sidOf(L"S-1-5-21-1-2-3-4").value_or(host::Sid())});
     const std::uint64_t before = description::remoteQuestions();
     EXPECT_EQ(groupsOf(stranger), (Names{L"failed"}));
     EXPECT_GT(description::remoteQuestions(), before);

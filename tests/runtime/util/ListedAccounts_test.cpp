@@ -1,4 +1,5 @@
 #include "runtime/util/ListedAccounts.h"
+#include "runtime/host/sid_text.h"
 
 #include <gtest/gtest.h>
 
@@ -21,22 +22,22 @@ TEST(ListedAccounts, ComeBackAsTheyWereAdded) {
     const ListedAccounts accounts = sample();
     ASSERT_EQ(accounts.size(), 6U);
     EXPECT_EQ(accounts.at(0).name, L"zoe");
-    EXPECT_EQ(toText(accounts.at(0).sid).units(), L"S-1-5-21-1-2-3-1001");
+    EXPECT_EQ(host::sidText(accounts.at(0).sid), L"S-1-5-21-1-2-3-1001");
     EXPECT_EQ(accounts.at(2).domain, L"WS01");
-    EXPECT_EQ(toText(accounts.at(2).sid).units(), L"S-1-5-21-7-8-9-1001");
+    EXPECT_EQ(host::sidText(accounts.at(2).sid), L"S-1-5-21-7-8-9-1001");
     EXPECT_TRUE(accounts.at(3).sid.empty());
-    EXPECT_EQ(toText(accounts.at(4).sid).units(), L"S-1-1-0");
+    EXPECT_EQ(host::sidText(accounts.at(4).sid), L"S-1-1-0");
     EXPECT_EQ(accounts.at(5).name, L"");
-    EXPECT_EQ(toText(accounts.at(5).sid).units(), L"S-1-5-21-1-2-3-777");
+    EXPECT_EQ(host::sidText(accounts.at(5).sid), L"S-1-5-21-1-2-3-777");
 }
 
 TEST(ListedAccounts, AreFoundBySid) {
     const ListedAccounts accounts = sample();
-    EXPECT_EQ(accounts.find(sidFromText(L"S-1-5-21-1-2-3-500")), 1U);
-    EXPECT_EQ(accounts.find(sidFromText(L"S-1-5-21-7-8-9-1001")), 2U);
-    EXPECT_EQ(accounts.find(sidFromText(L"S-1-1-0")), 4U);
-    EXPECT_EQ(accounts.find(sidFromText(L"S-1-5-21-7-8-9-500")), ListedAccounts::none);
-    EXPECT_EQ(accounts.find(sidFromText(L"S-1-5-21-1-2-3")), ListedAccounts::none);
+    EXPECT_EQ(accounts.find(host::sidOf(L"S-1-5-21-1-2-3-500").value_or(host::Sid())), 1U);
+    EXPECT_EQ(accounts.find(host::sidOf(L"S-1-5-21-7-8-9-1001").value_or(host::Sid())), 2U);
+    EXPECT_EQ(accounts.find(host::sidOf(L"S-1-1-0").value_or(host::Sid())), 4U);
+    EXPECT_EQ(accounts.find(host::sidOf(L"S-1-5-21-7-8-9-500").value_or(host::Sid())), ListedAccounts::none);
+    EXPECT_EQ(accounts.find(host::sidOf(L"S-1-5-21-1-2-3").value_or(host::Sid())), ListedAccounts::none);
     EXPECT_EQ(accounts.find(host::Sid()), ListedAccounts::none);
 }
 
@@ -60,7 +61,7 @@ TEST(ListedAccounts, ANameIsNoHelpWhereTheSidSaysOtherwise) {
 TEST(ListedAccounts, TheFirstOfTwoIsFound) {
     ListedAccounts accounts = sample();
     accounts.add(accountOf(L"CORP", L"ZOE", L"S-1-5-21-1-2-3-1001"));
-    EXPECT_EQ(accounts.find(sidFromText(L"S-1-5-21-1-2-3-1001")), 0U);
+    EXPECT_EQ(accounts.find(host::sidOf(L"S-1-5-21-1-2-3-1001").value_or(host::Sid())), 0U);
     EXPECT_EQ(accounts.find(L"CORP", L"zoe"), 0U);
 }
 
@@ -69,7 +70,7 @@ TEST(ListedAccounts, AnAccountAddedLaterIsFoundToo) {
     EXPECT_EQ(accounts.find(L"CORP", L"late"), ListedAccounts::none);
     accounts.add(accountOf(L"CORP", L"late", L"S-1-5-21-1-2-3-1002"));
     EXPECT_EQ(accounts.find(L"CORP", L"late"), 6U);
-    EXPECT_EQ(accounts.find(sidFromText(L"S-1-5-21-1-2-3-1002")), 6U);
+    EXPECT_EQ(accounts.find(host::sidOf(L"S-1-5-21-1-2-3-1002").value_or(host::Sid())), 6U);
 }
 
 TEST(ListedAccounts, ASidThatNoSystemMakesIsNotKept) {

@@ -4,6 +4,7 @@
 
 #include <map>
 
+#include "runtime/host/sid_text.h"
 #include "runtime/util/QVSid.h"
 
 namespace {
@@ -17,7 +18,7 @@ using Names = std::vector<std::wstring>;
 constexpr std::uint32_t firstUser = 1000;
 
 host::Sid sidOf(std::uint32_t rid) {
-    return sidFromText(formatted(L"S-1-5-21-1-2-3-%u", rid));
+    return *host::sidOf(L"S-1-5-21-1-2-3-" + std::to_wstring(rid));
 }
 
 /// Groups and members made up by a test, given out in pages.
@@ -165,7 +166,7 @@ TEST(MembershipTable, WhoIsNotInTheListOrNotThereIsPassedOver) {
     Domain domain;
     domain.add(
         local, 5,
-        {bySid(4711), {L"OTHER", L"ada", {}}, {L"", L"", sidFromText(L"S-1-5-21-9-9-9-1000")}, bySid(ada)});
+        {bySid(4711), {L"OTHER", L"ada", {}}, {L"", L"", *host::sidOf(L"S-1-5-21-9-9-9-1000")}, bySid(ada)});
     const auto table = domain.read(Nesting::throughAllGroups);
     EXPECT_EQ(Domain::names(table.value, 0), (Names{L"5"}));
     EXPECT_EQ(Domain::names(table.value, 1), Names{});

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "runtime/host/sid_text.h"
 #include "runtime/util/OwnedArray.h"
 #include "runtime/util/QVDomainController.h"
 #include "runtime/util/QVUser.h"
@@ -72,7 +73,7 @@ TEST_F(Memberships, AreTheSameAsAskedForAlone) {
     describe(withUsers(30) + "[domain]\npage size = 1\nmember page size = 2\n");
     listUsers();
     for (int i = 0; i < m_users.GetSize(); ++i) {
-        const auto alone = host::localGroupsOf(controller, toAccount(*m_users[i]));
+        const auto alone = host::localGroupsOf(controller, m_users[i]->account());
         ASSERT_TRUE(alone.found());
         Names names;
         for (const host::Account& group : alone.value)
@@ -132,7 +133,7 @@ TEST_F(Memberships, GlobalGroupsAreListedInPagesWithSids) {
     ASSERT_EQ(listed.size(), 3U);
     EXPECT_EQ(listed[1].domain, L"CORP");
     EXPECT_EQ(listed[1].name, L"Staff");
-    EXPECT_EQ(toText(listed[1].sid).units(), L"S-1-5-21-11-22-33-4002");
+    EXPECT_EQ(host::sidText(listed[1].sid), L"S-1-5-21-11-22-33-4002");
 }
 
 TEST_F(Memberships, MembersAreKnownBySidOrByName) {
@@ -140,9 +141,9 @@ TEST_F(Memberships, MembersAreKnownBySidOrByName) {
     const auto local = host::localGroupMembers(controller, {L"CORP", L"Readers", {}}, 0);
     ASSERT_TRUE(local.found());
     ASSERT_EQ(local.value.items.size(), 3U);
-    EXPECT_EQ(toText(local.value.items[0].sid).units(), L"S-1-5-21-11-22-33-4000000");
-    EXPECT_EQ(toText(local.value.items[1].sid).units(), L"S-1-5-21-11-22-33-4002");
-    EXPECT_EQ(toText(local.value.items[2].sid).units(), L"S-1-5-21-11-22-33-10000009");
+    EXPECT_EQ(host::sidText(local.value.items[0].sid), L"S-1-5-21-11-22-33-4000000");
+    EXPECT_EQ(host::sidText(local.value.items[1].sid), L"S-1-5-21-11-22-33-4002");
+    EXPECT_EQ(host::sidText(local.value.items[2].sid), L"S-1-5-21-11-22-33-10000009");
     EXPECT_TRUE(local.value.items[2].name.empty());
     const auto global = host::globalGroupMembers(controller, {L"CORP", L"Staff", {}}, 0);
     ASSERT_TRUE(global.found());

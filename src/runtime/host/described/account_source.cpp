@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "runtime/host/description/fold.h"
 #include "runtime/host/description/state.h"
+#include "runtime/host/letter_case.h"
 
 namespace described {
 
@@ -17,8 +17,8 @@ constexpr std::uint32_t noSuchServer = 53;
 /// Whether `server` names the computer `name`, alone or followed by the domain's DNS name.
 bool namesComputer(const std::wstring& server, const std::wstring& name) {
     if (name.empty()) return false;
-    return description::equalFolded(server, name) ||
-           description::equalFolded(server, name + L"." + domain().dnsName);
+    return host::equalIgnoringCase(server, name) ||
+           host::equalIgnoringCase(server, name + L"." + domain().dnsName);
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 #include "runtime/host/described/account_source.h"
-#include "runtime/host/description/fold.h"
 #include "runtime/host/description/state.h"
 #include "runtime/host/host.h"
+#include "runtime/host/letter_case.h"
 
 namespace host {
 
@@ -20,7 +20,7 @@ Answer<AccountPage> groupPage(GroupKind kind, std::uint64_t cursor) {
 /// Why the groups of an account cannot be asked for, if so.
 description::Cause causeOfGroups(GroupKind kind, const Account& user) {
     const auto& causes = described::groupList(kind).accountCauses;
-    for (const std::wstring& key : {description::folded(user.name), std::wstring(L"*")}) {
+    for (const std::wstring& key : {folded(user.name), std::wstring(L"*")}) {
         const auto found = causes.find(key);
         if (found != causes.end()) return found->second;
     }

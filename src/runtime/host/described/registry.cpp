@@ -2,9 +2,9 @@
 #include <string_view>
 
 #include "runtime/host/description/environment.h"
-#include "runtime/host/description/fold.h"
 #include "runtime/host/description/state.h"
 #include "runtime/host/host.h"
+#include "runtime/host/letter_case.h"
 
 namespace host {
 
@@ -36,7 +36,7 @@ FoundKey findKey(const std::wstring& keyPath) {
     if (keyPath.starts_with(L'\\')) return {nullptr, {true, false, badPathName}};
     if (hasTooLongName(keyPath)) return {nullptr, {true, false, invalidParameter}};
     const description::Registry& registry = description::machine().registry;
-    std::wstring path = description::folded(keyPath);
+    std::wstring path = folded(keyPath);
     while (path.ends_with(L'\\'))
         path.pop_back();
     const auto found = registry.find(path);
@@ -100,7 +100,7 @@ Answer<RegistryValue> registryValue(const std::wstring& keyPath, const std::wstr
     const FoundKey found = findKey(keyPath);
     if (found.cause.any) return description::answerOf<RegistryValue>(found.cause, description::notThere);
     if (found.key == nullptr) return Answer<RegistryValue>::missing();
-    const auto value = found.key->values.find(description::folded(valueName));
+    const auto value = found.key->values.find(folded(valueName));
     if (value == found.key->values.end()) return Answer<RegistryValue>::missing();
     const description::Cause& cause = value->second.cause;
     return cause.any ? description::answerOf<RegistryValue>(cause, description::notThere)

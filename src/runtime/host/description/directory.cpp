@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "runtime/host/description/fold.h"
 #include "runtime/host/description/known_sids.h"
 #include "runtime/host/description/scanner.h"
+#include "runtime/host/letter_case.h"
 
 namespace description {
 
@@ -35,7 +35,7 @@ std::uint64_t generatedNumber(const GeneratedUsers& users, std::wstring_view key
     const std::size_t around = users.prefix.size() + users.suffix.size();
     if (key.size() <= around) return 0;
     const auto number = numberOf(key.substr(users.prefix.size(), key.size() - around), users.count);
-    if (!number || *number == 0 || folded(generatedName(users, *number)) != key) return 0;
+    if (!number || *number == 0 || host::folded(generatedName(users, *number)) != key) return 0;
     return *number;
 }
 
@@ -114,7 +114,7 @@ std::optional<host::Account> Directory::generatedUser(Scope scope, const std::ws
 }
 
 std::optional<host::Account> Directory::userNamed(Scope scope, std::wstring_view name) const {
-    const std::wstring key = folded(name);
+    const std::wstring key = host::folded(name);
     const std::size_t position = list(scope).listed.positionOf(key);
     if (position < list(scope).listed.entries().size()) return user(scope, position);
     return generatedUser(scope, key);
@@ -127,7 +127,7 @@ host::Account Directory::groupAccount(const GroupEntry& entry, GroupKind kind, s
     host::Account account{entry.domain, entry.name, {}};
     if (account.domain.empty()) account.domain = builtin ? builtinDomain : std::wstring(label(scopeOf(kind)));
     const auto slot = static_cast<std::size_t>(kind);
-    if (builtin && equalFolded(account.domain, builtinDomain)) {
+    if (builtin && host::equalIgnoringCase(account.domain, builtinDomain)) {
         account.sid = builtinSid(*builtin);
     } else {
         const std::uint32_t made = ridOf(index, firstGroupRid[slot], furtherGroupRid[slot]);
@@ -170,7 +170,7 @@ void Directory::addMembers(std::size_t group, Mistakes& mistakes) {
 std::wstring Directory::memberKey(const MemberName& member, GroupKind kind, Mistakes& mistakes) const {
     if (const auto sid = sidOf(member.text)) {
         const auto account = accountOfSid(*sid);
-        return account ? keyOf(*account) : folded(member.text);
+        return account ? keyOf(*account) : host::folded(member.text);
     }
     const std::size_t separator = member.text.find(L'\\');
     const std::wstring_view text = member.text;
@@ -247,7 +247,7 @@ std::optional<host::Account> Directory::accountOfKey(const std::wstring& key) co
     if (group != m_groupOfKey.end()) return m_groups[group->second].account;
     const std::size_t separator = key.find(L'\\');
     for (const Scope scope : {Scope::computer, Scope::domain}) {
-        if (key.substr(0, separator) == folded(keyDomain(scope)))
+        if (key.substr(0, separator) == host::folded(keyDomain(scope)))
             return userNamed(scope, key.substr(separator + 1));
     }
     return std::nullopt;
@@ -276,14 +276,14 @@ bool Directory::isOfDomain(const host::Sid& sid) const {
 }
 
 bool Directory::isOfNamesake(const host::Account& account) const {
-    return equalFolded(label(Scope::computer), label(Scope::domain)) &&
-           equalFolded(account.domain, label(Scope::domain)) && isOfDomain(account.sid);
+    return host::equalIgnoringCase(label(Scope::computer), label(Scope::domain)) &&
+           host::equalIgnoringCase(account.domain, label(Scope::domain)) && isOfDomain(account.sid);
 }
 
 std::wstring Directory::keyDomain(Scope scope) const {
     std::wstring name(label(scope));
     // No name of a domain ends so.
-    if (scope == Scope::domain && equalFolded(name, label(Scope::computer))) name += L'/';
+    if (scope == Scope::domain && host::equalIgnoringCase(name, label(Scope::computer))) name += L'/';
     return name;
 }
 
@@ -292,14 +292,14 @@ std::wstring Directory::keyOf(const host::Account& account) const {
 }
 
 bool Directory::names(Scope scope, std::wstring_view domain) const {
-    if (equalFolded(domain, label(scope))) return true;
+    if (host::equalIgnoringCase(domain, label(scope))) return true;
     return scope == Scope::computer ? domain == L"." : isDomainName(domain);
 }
 
 bool Directory::isDomainName(std::wstring_view name) const {
     const DomainDescription& domain = m_machine.domain;
     if (!domain.joined || name.empty()) return false;
-    return equalFolded(name, domain.name) || equalFolded(name, domain.dnsName);
+    return host::equalIgnoringCase(name, domain.name) || host::equalIgnoringCase(name, domain.dnsName);
 }
 
 }  // namespace description

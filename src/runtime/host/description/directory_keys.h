@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "runtime/host/description/fold.h"
+#include "runtime/host/letter_case.h"
 
 namespace description {
 
@@ -20,7 +20,7 @@ inline constexpr std::wstring_view allUsers = L"*";
 
 /// By which accounts are found: the folded full name.
 inline std::wstring fullKey(std::wstring_view domain, std::wstring_view name) {
-    return folded(domain) + L"\\" + folded(name);
+    return host::folded(domain) + L"\\" + host::folded(name);
 }
 
 inline std::size_t indexOf(Scope scope) {

@@ -24,7 +24,8 @@ std::optional<std::vector<host::Account>> Directory::members(GroupKind kind, con
                                                              std::uint64_t& count) const {
     const auto isAsked = [&](std::size_t position) {
         const host::Account& account = m_groups[position].account;
-        return equalFolded(account.domain, group.domain) && equalFolded(account.name, group.name);
+        return host::equalIgnoringCase(account.domain, group.domain) &&
+               host::equalIgnoringCase(account.name, group.name);
     };
     const auto& known = positions(kind);
     const auto found = std::find_if(known.begin(), known.end(), isAsked);
@@ -50,7 +51,7 @@ std::optional<host::Account> Directory::identify(const host::Account& account) c
     }
     if (account.name.empty()) return std::nullopt;
     for (const Scope scope : {Scope::computer, Scope::domain}) {
-        if (!equalFolded(account.domain, label(scope))) continue;
+        if (!host::equalIgnoringCase(account.domain, label(scope))) continue;
         if (auto known = userNamed(scope, account.name)) return known;
     }
     return std::nullopt;
@@ -72,10 +73,11 @@ std::optional<std::vector<host::Account>> Directory::groupsOf(const host::Accoun
         const auto found = m_holders.find(key);
         if (found != m_holders.end()) reach(found->second);
     };
-    const bool isOfComputer = equalFolded(known->domain, keyDomain(Scope::computer)) && !isOfNamesake(*known);
+    const bool isOfComputer =
+        host::equalIgnoringCase(known->domain, keyDomain(Scope::computer)) && !isOfNamesake(*known);
     reach(m_holdersOfAll[indexOf(isOfComputer ? Scope::computer : Scope::domain)]);
     reachHolders(keyOf(*known));
-    if (!known->sid.empty()) reachHolders(folded(sidText(known->sid)));
+    if (!known->sid.empty()) reachHolders(host::folded(host::sidText(known->sid)));
     const std::size_t direct = through == Reach::direct ? 0 : open.size();
     for (std::size_t next = 0; next < (through == Reach::throughAllGroups ? open.size() : direct); ++next) {
         const Group& holder = m_groups[open[next]];

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "runtime/host/description/fold.h"
+#include "runtime/host/letter_case.h"
 
 namespace description {
 
@@ -23,7 +23,7 @@ std::optional<std::wstring> systemVariable(const SystemDescription& system, cons
 }
 
 std::optional<std::wstring> variable(const SystemDescription& system, std::wstring_view name) {
-    const std::wstring key = folded(name);
+    const std::wstring key = host::folded(name);
     const auto described = system.environment.find(key);
     if (described != system.environment.end()) return described->second;
     return systemVariable(system, key);

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "runtime/host/description/fold.h"
+#include "runtime/host/letter_case.h"
 
 namespace description {
 
@@ -31,7 +31,7 @@ host::Verdict FailurePlan::next(const wchar_t* operation, const std::wstring& su
 }
 
 bool matchesSubject(const std::wstring& planned, const std::wstring& subject) {
-    const std::wstring whole = folded(subject);
+    const std::wstring whole = host::folded(subject);
     if (whole == planned) return true;
     return whole.size() > planned.size() && whole.ends_with(planned) &&
            whole[whole.size() - planned.size() - 1] == L'\\';

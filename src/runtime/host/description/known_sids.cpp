@@ -1,6 +1,6 @@
 #include "runtime/host/description/known_sids.h"
 
-#include "runtime/host/description/fold.h"
+#include "runtime/host/letter_case.h"
 
 namespace description {
 
@@ -96,7 +96,7 @@ constexpr WorldAccount worldAccounts[] = {
 template <std::size_t count>
 std::optional<std::uint32_t> ridNamed(const NamedRid (&table)[count], std::wstring_view name) {
     for (const NamedRid& known : table) {
-        if (equalFolded(known.name, name)) return known.rid;
+        if (host::equalIgnoringCase(known.name, name)) return known.rid;
     }
     return std::nullopt;
 }
@@ -130,11 +130,10 @@ host::Sid builtinSid(std::uint32_t rid) {
 }
 
 host::Sid madeUpDomainSid(std::wstring_view name) {
-    std::uint64_t hash = 0xCBF29CE484222325U;
+    std::uint64_t hash = host::emptyHash;
     std::uint32_t parts[3] = {};
     for (std::uint32_t& part : parts) {
-        for (const wchar_t unit : folded(name))
-            hash = (hash ^ static_cast<std::uint32_t>(unit)) * 0x100000001B3U;
+        hash = host::hashIgnoringCase(name, hash);
         hash ^= hash >> 29U;
         part = 1000000000U + static_cast<std::uint32_t>(hash % 3000000000U);
     }
@@ -159,7 +158,8 @@ std::optional<host::Account> worldAccount(const host::Sid& sid) {
 std::optional<host::Account> worldAccount(std::wstring_view name) {
     for (const WorldAccount& known : worldAccounts) {
         const std::wstring fullName = std::wstring(known.domain) + L"\\" + std::wstring(known.name);
-        if (equalFolded(known.name, name) || equalFolded(fullName, name)) return accountOf(known);
+        if (host::equalIgnoringCase(known.name, name) || host::equalIgnoringCase(fullName, name))
+            return accountOf(known);
     }
     return std::nullopt;
 }

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "runtime/host/description/fold.h"
+#include "runtime/host/letter_case.h"
 
 namespace description {
 
@@ -18,7 +18,7 @@ class NamedList {
 public:
     /// Replaces the entry of the same name, or adds the entry at the end.
     void put(Entry entry) {
-        const auto [known, isNew] = m_positions.emplace(folded(entry.name), m_entries.size());
+        const auto [known, isNew] = m_positions.emplace(host::folded(entry.name), m_entries.size());
         if (isNew) {
             m_entries.push_back(std::move(entry));
         } else {
@@ -28,7 +28,7 @@ public:
 
     /// Takes an entry out; one that is not there is no mistake.
     void remove(std::wstring_view name) {
-        const auto found = m_positions.find(folded(name));
+        const auto found = m_positions.find(host::folded(name));
         if (found == m_positions.end()) return;
         const std::size_t position = found->second;
         m_entries.erase(m_entries.begin() + static_cast<std::ptrdiff_t>(position));

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "runtime/host/description/fold.h"
 #include "runtime/host/description/section.h"
 #include "runtime/host/description/settings.h"
+#include "runtime/host/letter_case.h"
 #include "runtime/host/utf.h"
 
 namespace description {
@@ -56,8 +56,9 @@ const SectionKind sectionKinds[] = {
 };
 
 const SectionKind* kindNamed(std::wstring_view name) {
-    const auto* found = std::find_if(std::begin(sectionKinds), std::end(sectionKinds),
-                                     [&](const SectionKind& kind) { return equalFolded(kind.name, name); });
+    const auto* found =
+        std::find_if(std::begin(sectionKinds), std::end(sectionKinds),
+                     [&](const SectionKind& kind) { return host::equalIgnoringCase(kind.name, name); });
     return found == std::end(sectionKinds) ? nullptr : found;
 }
 
@@ -89,8 +90,8 @@ bool beginSection(std::wstring_view heading, const Place& place, std::vector<Sec
     section.line = place.line;
     const std::size_t blank = heading.find_first_of(L" \t");
     if (kindNamed(heading) != nullptr) {
-        section.name = folded(heading);
-    } else if (equalFolded(heading.substr(0, blank), contentsSection)) {
+        section.name = host::folded(heading);
+    } else if (host::equalIgnoringCase(heading.substr(0, blank), contentsSection)) {
         section.name = contentsSection;
         section.argument = trimmed(heading.substr(blank));
     } else {

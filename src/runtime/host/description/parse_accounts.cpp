@@ -1,6 +1,6 @@
-#include "runtime/host/description/fold.h"
 #include "runtime/host/description/section.h"
 #include "runtime/host/description/settings.h"
+#include "runtime/host/letter_case.h"
 
 /// [users], [groups], [domain] and its lists.
 
@@ -92,11 +92,12 @@ void parseUserItem(Parsing& parsing, const Item& item, UserList& list) {
     const std::wstring_view name = trimmed(item.text.substr(0, equals));
     const std::wstring_view value =
         equals == std::wstring_view::npos ? std::wstring_view() : trimmed(item.text.substr(equals + 1));
-    if (equalFolded(name, L"generate users")) return readGenerated({parsing, item.place, value}, list);
+    if (host::equalIgnoringCase(name, L"generate users"))
+        return readGenerated({parsing, item.place, value}, list);
     if (!isAccountName(name)) return reportBadName(parsing, item, name);
     UserEntry entry{std::wstring(name), std::nullopt};
     if (equals != std::wstring_view::npos) {
-        entry.sid = equalFolded(value, L"no sid") ? host::Sid() : sidOf(value);
+        entry.sid = host::equalIgnoringCase(value, L"no sid") ? host::Sid() : sidOf(value);
         if (!entry.sid)
             parsing.mistakes.add(item.place,
                                  quoted(value) + " is no SID, expected one like S-1-5-21-1-2-3-1001");
@@ -137,7 +138,7 @@ void readMembers(const Item& item, std::wstring_view text, GroupEntry& group) {
 void parseGroupItem(Parsing& parsing, const Item& item, GroupList& list) {
     if (isCause(item)) {
         const auto ofAccount = readListCause(parsing, item, list.cause);
-        if (ofAccount) list.accountCauses[folded(ofAccount->what)] = ofAccount->cause;
+        if (ofAccount) list.accountCauses[host::folded(ofAccount->what)] = ofAccount->cause;
         return;
     }
     if (const auto removed = removedName(item)) return list.listed.remove(*removed);
@@ -169,8 +170,9 @@ void readReachable(const SettingLine& line) {
 
 void readRole(const SettingLine& line) {
     DomainDescription& domain = line.machine().domain;
-    if (equalFolded(line.value, L"member") || equalFolded(line.value, L"controller")) {
-        domain.isController = equalFolded(line.value, L"controller");
+    if (host::equalIgnoringCase(line.value, L"member") ||
+        host::equalIgnoringCase(line.value, L"controller")) {
+        domain.isController = host::equalIgnoringCase(line.value, L"controller");
     } else {
         line.reject(" is no role, expected member or controller");
     }

@@ -1,6 +1,6 @@
-#include "runtime/host/description/fold.h"
 #include "runtime/host/description/operation_names.h"
 #include "runtime/host/description/section.h"
+#include "runtime/host/letter_case.h"
 #include "runtime/host/utf.h"
 
 /// [failures].
@@ -29,7 +29,7 @@ std::optional<std::uint32_t> categoryOf(std::wstring_view name) {
                                                   L"Path",    L"BufferTooSmall", L"Unspecific"};
     std::uint32_t value = 1;
     for (const std::wstring_view known : names) {
-        if (equalFolded(name, known)) return value;
+        if (host::equalIgnoringCase(name, known)) return value;
         ++value;
     }
     return std::nullopt;
@@ -77,7 +77,7 @@ const OperationName* readCall(Parsing& parsing, const Item& item, std::wstring_v
             parsing.mistakes.add(item.place, "a quote without its end");
             return nullptr;
         }
-        failure.subject = folded(*subject);
+        failure.subject = host::folded(*subject);
     }
     if (readCalls(scanner, failure)) return operation;
     parsing.mistakes.add(item.place, quoted(scanner.rest()) +

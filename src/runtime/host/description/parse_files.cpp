@@ -1,6 +1,6 @@
-#include "runtime/host/description/fold.h"
 #include "runtime/host/description/section.h"
 #include "runtime/host/description/windows_path.h"
+#include "runtime/host/letter_case.h"
 #include "runtime/host/utf.h"
 
 /// [files], [contents ...], [versions], and file lists as `dir /s /b` prints them.
@@ -128,9 +128,10 @@ void parseVersionItem(Parsing& parsing, const Item& item) {
         return;
     }
     const std::size_t equals = item.text.rfind(L'=');
-    std::uint32_t numbers[4];
-    if (equals == std::wstring_view::npos ||
-        !readVersion(trimmed(item.text.substr(equals + 1)), 65535, numbers)) {
+    const auto version = equals != std::wstring_view::npos
+                             ? host::versionOf(trimmed(item.text.substr(equals + 1)), 65535)
+                             : std::nullopt;
+    if (!version) {
         parsing.mistakes.add(item.place, quoted(item.text) +
                                              " tells no version, expected one like "
                                              "C:\\Windows\\notepad.exe = 10.0.19041.1");
@@ -140,10 +141,10 @@ void parseVersionItem(Parsing& parsing, const Item& item) {
     if (!key) return;
     ImageVersion& image = versions[*key];
     image.cause = {};
-    image.version.major = static_cast<std::uint16_t>(numbers[0]);
-    image.version.minor = static_cast<std::uint16_t>(numbers[1]);
-    image.version.build = static_cast<std::uint16_t>(numbers[2]);
-    image.version.revision = static_cast<std::uint16_t>(numbers[3]);
+    const auto field = [&version](std::size_t index) {
+        return static_cast<std::uint16_t>((*version)[index]);
+    };
+    image.version = {field(0), field(1), field(2), field(3)};
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-#include "runtime/host/description/fold.h"
 #include "runtime/host/description/section.h"
+#include "runtime/host/letter_case.h"
 
 /// [registry], and registry exports as `reg export` writes them.
 
@@ -78,16 +78,16 @@ std::optional<KeyPath> keyPathOf(std::wstring_view text) {
     const std::size_t end = text.find(L'\\');
     const std::wstring_view hive = text.substr(0, end);
     KeyPath result;
-    if (end != std::wstring_view::npos) result.path = folded(text.substr(end + 1));
+    if (end != std::wstring_view::npos) result.path = host::folded(text.substr(end + 1));
     while (result.path.ends_with(L'\\'))
         result.path.pop_back();
     for (const std::wstring_view known : machineHives) {
-        if (!equalFolded(hive, known)) continue;
+        if (!host::equalIgnoringCase(hive, known)) continue;
         result.isMachine = true;
         return result;
     }
     for (const std::wstring_view known : otherHives) {
-        if (equalFolded(hive, known)) return result;
+        if (host::equalIgnoringCase(hive, known)) return result;
     }
     return std::nullopt;
 }
@@ -178,9 +178,9 @@ private:
             return;
         }
         if (removes) {
-            m_key->values.erase(folded(name));
+            m_key->values.erase(host::folded(name));
         } else {
-            m_key->values[folded(name)] = std::move(data);
+            m_key->values[host::folded(name)] = std::move(data);
         }
     }
 
@@ -221,8 +221,8 @@ private:
             data.cause = *cause;
             return isEnd(scanner.rest());
         }
-        if (equalFolded(text.substr(0, 6), L"dword:")) return readNumber(text.substr(6), data);
-        if (equalFolded(text.substr(0, 3), L"hex")) return readHex(text.substr(3), data);
+        if (host::equalIgnoringCase(text.substr(0, 6), L"dword:")) return readNumber(text.substr(6), data);
+        if (host::equalIgnoringCase(text.substr(0, 3), L"hex")) return readHex(text.substr(3), data);
         mistake(quoted(text) +
                 " is no data, expected a text in quotes, dword:, hex:, hex(TYPE):, -, refused or error CODE");
         return false;

@@ -1,7 +1,9 @@
-#include "runtime/host/description/fold.h"
+#include <tuple>
+
 #include "runtime/host/description/section.h"
 #include "runtime/host/description/settings.h"
 #include "runtime/host/description/windows_path.h"
+#include "runtime/host/letter_case.h"
 
 /// [system], [environment] and [user].
 
@@ -108,21 +110,18 @@ void readMemory(const SettingLine& line, std::uint64_t& target) {
 }
 
 void readSystemVersion(const SettingLine& line, host::SystemFacts& facts) {
-    std::uint32_t numbers[4];
-    if (!readVersion(line.value, 0xFFFFFFFFU, numbers)) {
+    const auto version = host::versionOf(line.value);
+    if (!version) {
         line.reject(" is no version, expected one like 10.0.20348.2113");
         return;
     }
-    facts.major = numbers[0];
-    facts.minor = numbers[1];
-    facts.build = numbers[2];
-    facts.revision = numbers[3];
+    std::tie(facts.major, facts.minor, facts.build, facts.revision) = std::tuple_cat(*version);
 }
 
 void readArchitecture(const SettingLine& line, std::wstring& target) {
     static constexpr std::wstring_view architectures[] = {L"x64", L"ARM64", L"x86"};
     for (const std::wstring_view known : architectures) {
-        if (equalFolded(line.value, known)) {
+        if (host::equalIgnoringCase(line.value, known)) {
             target = known;
             return;
         }
@@ -158,7 +157,7 @@ void readAdapter(const SettingLine& line) {
         rest.remove_prefix(comma == std::wstring_view::npos ? rest.size() : comma + 1);
     }
     for (host::AdapterFacts& known : line.machine().system.adapters) {
-        if (equalFolded(known.name, adapter.name)) {
+        if (host::equalIgnoringCase(known.name, adapter.name)) {
             known = std::move(adapter);
             return;
         }

@@ -1,8 +1,8 @@
 #include <algorithm>
 
-#include "runtime/host/description/fold.h"
 #include "runtime/host/description/section.h"
 #include "runtime/host/description/settings.h"
+#include "runtime/host/letter_case.h"
 
 /// [volumes], [cluster] and [services].
 
@@ -42,10 +42,10 @@ std::wstring madeUpDevice(std::wstring_view name) {
 /// "C:", or a device name; false for anything else.
 bool readVolumeName(std::wstring_view name, host::VolumeFacts& facts) {
     if (name.size() == 2 && name[1] == L':') {
-        const wchar_t letter = folded(name)[0];
+        const wchar_t letter = host::folded(name)[0];
         if (letter < L'a' || letter > L'z') return false;
         facts.letter = static_cast<wchar_t>(letter - L'a' + L'A');
-        facts.device = madeUpDevice(folded(name));
+        facts.device = madeUpDevice(host::folded(name));
         return true;
     }
     if (!name.starts_with(L"\\\\?\\") || name.size() < 6) return false;
@@ -140,7 +140,7 @@ std::wstring_view stateAtEnd(std::wstring_view text, std::span<const std::wstrin
     for (const std::wstring_view state : states) {
         if (text.size() < state.size() + 2 || state.size() <= longest.size()) continue;
         const std::size_t begin = text.size() - state.size();
-        if (equalFolded(text.substr(begin), state) && text[begin - 1] == L' ') longest = state;
+        if (host::equalIgnoringCase(text.substr(begin), state) && text[begin - 1] == L' ') longest = state;
     }
     return longest;
 }
@@ -148,8 +148,9 @@ std::wstring_view stateAtEnd(std::wstring_view text, std::span<const std::wstrin
 /// A node or group of the same name is replaced.
 template <class Part>
 void putPart(std::vector<Part>& parts, Part part) {
-    const auto known = std::find_if(parts.begin(), parts.end(),
-                                    [&](const Part& other) { return equalFolded(other.name, part.name); });
+    const auto known = std::find_if(parts.begin(), parts.end(), [&](const Part& other) {
+        return host::equalIgnoringCase(other.name, part.name);
+    });
     if (known == parts.end()) {
         parts.push_back(std::move(part));
     } else {
@@ -180,7 +181,7 @@ void readClusterGroup(const SettingLine& line, host::ClusterFacts& facts) {
     host::ClusterGroup group;
     group.state = state;
     std::wstring_view name = trimmed(value.substr(0, value.size() - state.size()));
-    const std::size_t owner = folded(name).rfind(L" owner ");
+    const std::size_t owner = host::folded(name).rfind(L" owner ");
     if (owner != std::wstring_view::npos) {
         group.owner = trimmed(name.substr(owner + 7));
         name = trimmed(name.substr(0, owner));
@@ -215,7 +216,7 @@ constexpr std::wstring_view serviceStates[] = {L"running",       L"stopped",    
 void parseService(Parsing& parsing, const Item& item, const Setting& setting) {
     for (const std::wstring_view state : serviceStates) {
         const std::wstring_view value = setting.value;
-        if (!equalFolded(value.substr(0, state.size()), state)) continue;
+        if (!host::equalIgnoringCase(value.substr(0, state.size()), state)) continue;
         if (value.size() > state.size() && value[state.size()] != L' ') continue;
         ServiceDescription service;
         service.facts.state = state;
@@ -231,11 +232,11 @@ void parseService(Parsing& parsing, const Item& item, const Setting& setting) {
 void parseServiceItem(Parsing& parsing, const Item& item) {
     if (isCause(item)) {
         const auto line = causeLineOf(item, parsing.mistakes);
-        if (line) parsing.machine.services[folded(line->what)].cause = line->cause;
+        if (line) parsing.machine.services[host::folded(line->what)].cause = line->cause;
         return;
     }
     if (const auto removed = removedName(item)) {
-        parsing.machine.services.erase(folded(*removed));
+        parsing.machine.services.erase(host::folded(*removed));
         return;
     }
     const auto setting =
@@ -250,7 +251,7 @@ void parseVolumeItem(Parsing& parsing, const Item& item) {
         return;
     }
     if (const auto removed = removedName(item)) {
-        parsing.machine.volumes.volumes.erase(folded(*removed));
+        parsing.machine.volumes.volumes.erase(host::folded(*removed));
         return;
     }
     const auto setting = settingOf(item, parsing.mistakes, volumeExample);

@@ -2,8 +2,9 @@
 
 #include <cmath>
 
-#include "runtime/host/description/fold.h"
+#include "runtime/host/letter_case.h"
 #include "runtime/host/refusals.h"
+#include "runtime/host/text.h"
 
 namespace description {
 
@@ -12,64 +13,28 @@ namespace {
 constexpr std::wstring_view blanks = L" \t\x00A0";
 constexpr std::uint32_t accessDenied = 5;
 
-bool isDigit(wchar_t unit) {
-    return unit >= L'0' && unit <= L'9';
-}
-
 /// The multiplier of a unit of size; 0 when it is none.
 std::uint64_t multiplierOf(std::wstring_view unit) {
     constexpr std::wstring_view names[] = {L"B", L"KB", L"MB", L"GB", L"TB", L"PB"};
     std::uint64_t multiplier = 1;
     for (const std::wstring_view name : names) {
-        if (equalFolded(unit, name)) return multiplier;
+        if (host::equalIgnoringCase(unit, name)) return multiplier;
         multiplier *= 1024;
     }
     return 0;
 }
 
-/// Takes the part up to the next "-".
-std::wstring_view takeSidPart(std::wstring_view& text) {
-    const std::size_t end = text.find(L'-');
-    const std::wstring_view part = text.substr(0, end);
-    text.remove_prefix(end == std::wstring_view::npos ? text.size() : end + 1);
-    return part;
-}
-
 }  // namespace
 
 std::wstring_view trimmed(std::wstring_view text) {
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::wstring_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
-}
-
-std::optional<std::uint64_t> numberOf(std::wstring_view text, std::uint64_t maximum) {
-    if (text.empty()) return std::nullopt;
-    std::uint64_t value = 0;
-    for (const wchar_t unit : text) {
-        if (!isDigit(unit)) return std::nullopt;
-        const auto digit = static_cast<std::uint64_t>(unit - L'0');
-        if (value > (std::numeric_limits<std::uint64_t>::max() - digit) / 10) return std::nullopt;
-        value = value * 10 + digit;
-    }
-    if (value > maximum) return std::nullopt;
-    return value;
+    return host::trimmed(text, blanks);
 }
 
 std::optional<std::uint32_t> codeOf(std::wstring_view text) {
-    constexpr std::wstring_view digits = L"0123456789abcdef";
-    if (!text.starts_with(L"0x")) {
-        const auto number = numberOf(text, 0xFFFFFFFFU);
-        return number ? std::optional(static_cast<std::uint32_t>(*number)) : std::nullopt;
-    }
-    if (text.size() < 3 || text.size() > 10) return std::nullopt;
-    std::uint32_t code = 0;
-    for (const wchar_t unit : folded(text.substr(2))) {
-        const std::size_t digit = digits.find(unit);
-        if (digit == std::wstring_view::npos) return std::nullopt;
-        code = code << 4U | static_cast<std::uint32_t>(digit);
-    }
-    return code;
+    constexpr std::uint32_t largest = 0xFFFFFFFFU;
+    const bool isHexadecimal = text.starts_with(L"0x") && text.size() <= 10;
+    const auto code = isHexadecimal ? host::hexNumberOf(text.substr(2), largest) : numberOf(text, largest);
+    return code ? std::optional(static_cast<std::uint32_t>(*code)) : std::nullopt;
 }
 
 std::optional<std::uint64_t> sizeOf(std::wstring_view number, std::wstring_view unit) {
@@ -84,51 +49,6 @@ std::optional<std::uint64_t> sizeOf(std::wstring_view number, std::wstring_view 
     if (!fraction || digits.size() > 6 || *whole > 1000000) return std::nullopt;
     const double part = static_cast<double>(*fraction) / std::pow(10.0, static_cast<double>(digits.size()));
     return *whole * multiplier + static_cast<std::uint64_t>(part * static_cast<double>(multiplier));
-}
-
-std::optional<host::Sid> sidOf(std::wstring_view text) {
-    if (text.size() < 4 || !equalFolded(text.substr(0, 4), L"S-1-")) return std::nullopt;
-    text.remove_prefix(4);
-    host::Sid sid;
-    const auto authority = numberOf(takeSidPart(text), 0xFFFFFFFFFFFFU);
-    if (!authority || text.empty()) return std::nullopt;
-    for (unsigned int index = 0; index < 6; ++index) {
-        sid.authority[index] = static_cast<std::uint8_t>((*authority >> (8U * (5U - index))) & 0xFFU);
-    }
-    while (!text.empty()) {
-        const bool endsWithDash = text.back() == L'-';
-        const auto part = numberOf(takeSidPart(text), 0xFFFFFFFFU);
-        if (!part || endsWithDash || sid.subAuthorityCount == host::Sid::maximumSubAuthorities)
-            return std::nullopt;
-        sid.subAuthorities[sid.subAuthorityCount++] = static_cast<std::uint32_t>(*part);
-    }
-    return sid;
-}
-
-std::wstring sidText(const host::Sid& sid) {
-    std::uint64_t authority = 0;
-    for (const std::uint8_t byte : sid.authority)
-        authority = authority << 8U | byte;
-    std::wstring text = L"S-" + std::to_wstring(sid.revision) + L"-" + std::to_wstring(authority);
-    for (unsigned int index = 0; index < sid.subAuthorityCount && index < host::Sid::maximumSubAuthorities;
-         ++index) {
-        text += L"-" + std::to_wstring(sid.subAuthorities[index]);
-    }
-    return text;
-}
-
-bool readVersion(std::wstring_view text, std::uint64_t maximum, std::uint32_t (&numbers)[4]) {
-    for (std::uint32_t& number : numbers)
-        number = 0;
-    for (std::uint32_t& number : numbers) {
-        const std::size_t end = text.find(L'.');
-        const auto part = numberOf(text.substr(0, end), maximum);
-        if (!part) return false;
-        number = static_cast<std::uint32_t>(*part);
-        if (end == std::wstring_view::npos) return true;
-        text.remove_prefix(end + 1);
-    }
-    return false;
 }
 
 Cause causeOf(std::uint32_t code) {
@@ -146,7 +66,7 @@ std::wstring_view Scanner::word() {
 }
 
 bool Scanner::take(std::wstring_view wanted) {
-    if (atEnd() || !equalFolded(nextWord(), wanted)) return false;
+    if (atEnd() || !host::equalIgnoringCase(nextWord(), wanted)) return false;
     advance(nextWord().size());
     return true;
 }

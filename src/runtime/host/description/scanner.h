@@ -8,27 +8,22 @@
 #include <string_view>
 
 #include "runtime/host/description/machine.h"
+#include "runtime/host/numbers.h"
+#include "runtime/host/sid_text.h"
 
 namespace description {
 
+/// Without blanks at its ends; those that come along when a page is copied are some.
 std::wstring_view trimmed(std::wstring_view text);
 
-/// A decimal number, nothing else; nothing when it is none or above `maximum`.
-std::optional<std::uint64_t> numberOf(std::wstring_view text,
-                                      std::uint64_t maximum = std::numeric_limits<std::uint64_t>::max());
+using host::numberOf;
+using host::sidOf;
 
 /// An error code: a decimal number, or a hexadecimal one behind "0x".
 std::optional<std::uint32_t> codeOf(std::wstring_view text);
 
 /// "16 GB", "1.5 TB", "4096": in units of 1024.
 std::optional<std::uint64_t> sizeOf(std::wstring_view number, std::wstring_view unit);
-
-/// "S-1-5-32-544".
-std::optional<host::Sid> sidOf(std::wstring_view text);
-std::wstring sidText(const host::Sid& sid);
-
-/// "6.1.5.2": one to four numbers of at most `maximum`; those left out are 0.
-bool readVersion(std::wstring_view text, std::uint64_t maximum, std::uint32_t (&numbers)[4]);
 
 /// The cause that a code of Windows is: some refuse (`host::isRefusal`), others fail.
 Cause causeOf(std::uint32_t code);

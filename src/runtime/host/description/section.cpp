@@ -1,6 +1,6 @@
 #include "runtime/host/description/section.h"
 
-#include "runtime/host/description/fold.h"
+#include "runtime/host/letter_case.h"
 
 namespace description {
 
@@ -38,7 +38,7 @@ std::optional<Setting> settingOf(const Item& item, Mistakes& mistakes, const cha
         mistakes.add(item.place, quoted(item.text) + " is no setting, expected one like " + example);
         return std::nullopt;
     }
-    return Setting{folded(name), name, trimmed(item.text.substr(equals + 1))};
+    return Setting{host::folded(name), name, trimmed(item.text.substr(equals + 1))};
 }
 
 bool isCause(const Item& item) {

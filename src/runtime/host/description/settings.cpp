@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "runtime/host/description/fold.h"
+#include "runtime/host/letter_case.h"
 
 namespace description {
 
@@ -11,8 +11,8 @@ namespace {
 /// The row of this name; null when there is none.
 template <class Row>
 const Row* rowNamed(std::span<const Row> rows, std::wstring_view name) {
-    const auto found =
-        std::find_if(rows.begin(), rows.end(), [&](const Row& row) { return equalFolded(row.name, name); });
+    const auto found = std::find_if(rows.begin(), rows.end(),
+                                    [&](const Row& row) { return host::equalIgnoringCase(row.name, name); });
     return found == rows.end() ? nullptr : &*found;
 }
 
@@ -46,9 +46,9 @@ void parseSettings(Parsing& parsing, const Section& section, const SettingTable&
 }
 
 void readFlag(const SettingLine& line, bool& target) {
-    if (equalFolded(line.value, L"yes")) {
+    if (host::equalIgnoringCase(line.value, L"yes")) {
         target = true;
-    } else if (equalFolded(line.value, L"no")) {
+    } else if (host::equalIgnoringCase(line.value, L"no")) {
         target = false;
     } else {
         line.reject(" is neither \"yes\" nor \"no\"");

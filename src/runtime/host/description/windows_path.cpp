@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "runtime/host/description/fold.h"
+#include "runtime/host/letter_case.h"
 #include "runtime/host/utf.h"
 
 namespace description {
@@ -77,7 +77,7 @@ std::wstring fullPath(std::wstring_view given, std::wstring_view currentDirector
     const std::wstring_view rest = view.substr(root.size());
     Parts parts;
     const bool fromRoot = rest.starts_with(L'\\') || root.size() > 2;
-    const bool onCurrentRoot = root.empty() || equalFolded(root, currentRoot);
+    const bool onCurrentRoot = root.empty() || host::equalIgnoringCase(root, currentRoot);
     if (!fromRoot && onCurrentRoot) appendParts(parts, currentDirectory.substr(currentRoot.size()));
     if (root.empty()) root = currentRoot;
     appendParts(parts, rest);
@@ -98,7 +98,7 @@ std::wstring pathKey(std::wstring_view fullPath) {
     const bool isDevice = !deviceRootOf(fullPath).empty() && hasDrive(fullPath.substr(4));
     if (isDevice && (fullPath[2] == L'?' || fullPath.substr(6).starts_with(L'\\'))) fullPath.remove_prefix(4);
     constexpr std::wstring_view share = L"\\\\?\\unc\\";
-    std::wstring key = folded(fullPath);
+    std::wstring key = host::folded(fullPath);
     if (key.starts_with(share)) key.replace(0, share.size(), L"\\\\");
     while (!key.empty() && key.back() == L'\\')
         key.pop_back();

@@ -1,4 +1,5 @@
 #include "runtime/host/windows/console_output.h"
+#include "runtime/host/utf.h"
 
 #include <algorithm>
 #include <cstring>
@@ -66,7 +67,7 @@ bool ConsoleOutput::hand(std::size_t size) noexcept {
 
 std::size_t wholeCharacters(std::wstring_view text, std::size_t limit) noexcept {
     if (text.size() <= limit) return text.size();
-    const bool tearsPair = IS_HIGH_SURROGATE(text[limit - 1]) && IS_LOW_SURROGATE(text[limit]);
+    const bool tearsPair = isHighSurrogate(text[limit - 1]) && isLowSurrogate(text[limit]);
     return tearsPair && limit > 1 ? limit - 1 : limit;
 }
 

@@ -1,8 +1,8 @@
 #include "runtime/host/computer_name.h"
 #include "runtime/host/host.h"
+#include "runtime/host/text.h"
 #include "runtime/host/windows/errors.h"
 #include "runtime/host/windows/net_api.h"
-#include "runtime/host/windows/text.h"
 #include "runtime/host/windows/windows_version.h"
 
 namespace host {
@@ -29,8 +29,8 @@ DWORD membershipByRole(Membership& membership) {
         role == DsRole_RoleBackupDomainController || role == DsRole_RolePrimaryDomainController;
     membership.joined = membership.domainController || role == DsRole_RoleMemberWorkstation ||
                         role == DsRole_RoleMemberServer;
-    membership.domainName = windows::textOf(info.DomainNameFlat);
-    membership.dnsDomainName = windows::textOf(info.DomainNameDns);
+    membership.domainName = textOrEmpty(info.DomainNameFlat);
+    membership.dnsDomainName = textOrEmpty(info.DomainNameDns);
     return membership.joined && membership.domainName.empty() ? ERROR_INVALID_DATA : ERROR_SUCCESS;
 }
 
@@ -44,13 +44,13 @@ DWORD membershipByJoin(Membership& membership) {
     membership.joined = status == NetSetupDomainName;
     membership.domainController =
         version.found() && version.value.role == windows::KernelVersion::Role::domainController;
-    membership.domainName = windows::textOf(name.get());
+    membership.domainName = textOrEmpty(name.get());
     return membership.joined && membership.domainName.empty() ? ERROR_INVALID_DATA : ERROR_SUCCESS;
 }
 
 /// "\\dc01.corp.example" is "dc01.corp.example".
 std::wstring withoutBackslashes(const wchar_t* name) {
-    const std::wstring text = windows::textOf(name);
+    const std::wstring text = textOrEmpty(name);
     return text.substr(std::min(text.find_first_not_of(L'\\'), text.size()));
 }
 

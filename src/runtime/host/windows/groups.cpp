@@ -1,9 +1,9 @@
 #include "runtime/host/host.h"
+#include "runtime/host/letter_case.h"
 #include "runtime/host/windows/account_server.h"
 #include "runtime/host/windows/errors.h"
 #include "runtime/host/windows/net_api.h"
 #include "runtime/host/windows/sids.h"
-#include "runtime/host/windows/text.h"
 
 namespace host {
 
@@ -29,12 +29,12 @@ std::optional<Names> namesOf(const windows::NetItems<Item>& list, DWORD count, w
 /// The account's name as its own server takes it: an account from elsewhere needs its domain.
 std::wstring nameAt(windows::AccountServer& server, const Account& user) {
     const AccountDomain& own = server.domain().value;  // empty where it is not told
-    const bool hasOwnName = user.domain.empty() || windows::equalIgnoringCase(user.domain, own.name);
+    const bool hasOwnName = user.domain.empty() || equalIgnoringCase(user.domain, own.name);
     if (!hasOwnName) return user.domain + L'\\' + user.name;
     if (user.domain.empty() || user.sid.empty() || own.sid.empty() || own.has(user.sid)) return user.name;
     // Where this computer's domain has the computer's name, only its other name tells them apart.
     const Membership member = membership().value;
-    if (!member.joined || !windows::equalIgnoringCase(member.domainName, own.name)) return user.name;
+    if (!member.joined || !equalIgnoringCase(member.domainName, own.name)) return user.name;
     return (member.dnsDomainName.empty() ? user.domain : member.dnsDomainName) + L'\\' + user.name;
 }
 

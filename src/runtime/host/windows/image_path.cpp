@@ -2,7 +2,8 @@
 
 #include <string_view>
 
-#include "runtime/host/windows/text.h"
+#include "runtime/host/letter_case.h"
+#include "runtime/host/text.h"
 
 namespace host::windows {
 
@@ -39,7 +40,7 @@ bool isAbsolute(const std::wstring& path) {
 
 std::wstring imagePathFrom(const std::wstring& configured, const std::wstring& serviceName,
                            const std::wstring& windowsDirectory) {
-    std::wstring path = withoutArguments(trimmed(configured));
+    std::wstring path = withoutArguments(std::wstring(trimmed(configured, L" ")));
     if (path.empty()) return windowsDirectory + L"\\system32\\drivers\\" + serviceName + L".sys";
     const bool named = take(L"\\SystemRoot\\", path) || take(L"%SystemRoot%\\", path) ||
                        take(L"%windir%\\", path) || take(L"SystemRoot\\", path);

@@ -6,10 +6,10 @@
 
 #include <algorithm>
 
+#include "runtime/host/text.h"
 #include "runtime/host/windows/errors.h"
 #include "runtime/host/windows/net_api.h"
 #include "runtime/host/windows/sids.h"
-#include "runtime/host/windows/text.h"
 
 namespace host::windows {
 
@@ -70,7 +70,7 @@ Answer<AccountDomain> accountDomainAt(const std::wstring& server) {
     if (code != ERROR_SUCCESS) return unanswered<AccountDomain>(code);
     if (memory.first() == nullptr) return unanswered<AccountDomain>(ERROR_INVALID_DATA);
     const USER_MODALS_INFO_2& info = *memory.first();
-    return wholeDomain({windows::textOf(info.usrmod2_domain_name), sidFrom(info.usrmod2_domain_id)});
+    return wholeDomain({textOrEmpty(info.usrmod2_domain_name), sidFrom(info.usrmod2_domain_id)});
 }
 
 Account accountOf(const LSA_TRANSLATED_SID2& translated, const LSA_REFERENCED_DOMAIN_LIST* domains) {

@@ -1,9 +1,9 @@
 #include "runtime/host/host.h"
+#include "runtime/host/text.h"
 #include "runtime/host/windows/buffer.h"
 #include "runtime/host/windows/clock.h"
 #include "runtime/host/windows/errors.h"
 #include "runtime/host/windows/library.h"
-#include "runtime/host/windows/text.h"
 #include "runtime/host/windows/windows_version.h"
 
 namespace host {
@@ -16,7 +16,7 @@ constexpr const wchar_t* processorKey = L"HARDWARE\\DESCRIPTION\\System\\Central
 std::wstring registryText(const wchar_t* key, const wchar_t* name) {
     const Answer<RegistryValue> answer = registryValue(key, name);
     const bool isText = answer.found() && answer.value.kind == RegistryValue::Kind::text;
-    return isText ? windows::trimmed(answer.value.text) : std::wstring();
+    return isText ? std::wstring(trimmed(answer.value.text, L" ")) : std::wstring();
 }
 
 std::uint32_t registryNumber(const wchar_t* key, const wchar_t* name) {
@@ -72,7 +72,7 @@ std::wstring codePageName(const std::wstring& full) {
     const std::size_t open = full.find(L'(');
     const std::size_t close = full.rfind(L')');
     if (open == std::wstring::npos || close == std::wstring::npos || close < open) return {};
-    return windows::trimmed(full.substr(open + 1, close - open - 1));
+    return std::wstring(trimmed(std::wstring_view(full).substr(open + 1, close - open - 1), L" "));
 }
 
 /// Over all groups; where that is not told, those of this process's group.

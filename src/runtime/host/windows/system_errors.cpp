@@ -1,4 +1,5 @@
 #include "runtime/host/host.h"
+#include "runtime/host/text.h"
 #include "runtime/host/windows/handle.h"
 
 namespace host {
@@ -24,15 +25,6 @@ std::wstring networkMessageText(std::uint32_t code) {
     const MessageFile file(
         LoadLibraryExW(L"netmsg.dll", nullptr, LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_SEARCH_SYSTEM32));
     return file ? messageText(code, file.get()) : std::wstring();
-}
-
-std::wstring inOneLine(std::wstring text) {
-    for (wchar_t& unit : text) {
-        if (unit < L' ') unit = L' ';
-    }
-    while (!text.empty() && text.back() == L' ')
-        text.pop_back();
-    return text;
 }
 
 }  // namespace

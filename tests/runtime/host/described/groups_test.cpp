@@ -1,9 +1,18 @@
 #include "runtime/host/description/scanner.h"
+#include "runtime/host/sid_text.h"
 #include "tests/runtime/host/described/described_accounts.h"
 
 namespace {
 
 using Groups = DescribedAccounts;
+
+TEST_F(Groups, MembersAreTheSameInCapitalAndSmallLettersOfEveryScript) {
+    describe(
+        "[system]\ncomputer = A\n[users]\nNGUY\xE1\xBB\x84N\n\xD3\x81\xD1\x83\xD0\xBA\n"
+        "[groups]\nReaders = nguy\xE1\xBB\x85n, \xD3\x82\xD1\x83\xD0\xBA\n");
+    EXPECT_EQ(host::localGroupsOf({}, {L"A", L"nguy\u1EC5n", {}}).value.size(), 1U);
+    EXPECT_EQ(host::localGroupsOf({}, {L"a", L"\u04C2\u0443\u043A", {}}).value.size(), 1U);
+}
 
 TEST_F(Groups, WellKnownGroupsHaveTheirSids) {
     describe(
@@ -12,9 +21,9 @@ TEST_F(Groups, WellKnownGroupsHaveTheirSids) {
     const auto page = host::localGroups({}, 0);
     EXPECT_EQ(fullNames(page.value.items),
               (Names{L"BUILTIN\\Administrators", L"BUILTIN\\Users", L"WS01\\Mine"}));
-    EXPECT_EQ(description::sidText(page.value.items[0].sid), L"S-1-5-32-544");
-    EXPECT_EQ(description::sidText(page.value.items[1].sid), L"S-1-5-32-545");
-    EXPECT_EQ(description::sidText(page.value.items[2].sid), L"S-1-5-21-7-8-9-10");
+    EXPECT_EQ(host::sidText(page.value.items[0].sid), L"S-1-5-32-544");
+    EXPECT_EQ(host::sidText(page.value.items[1].sid), L"S-1-5-32-545");
+    EXPECT_EQ(host::sidText(page.value.items[2].sid), L"S-1-5-21-7-8-9-10");
 }
 
 TEST_F(Groups, GroupsOfAUserIncludeThoseReachedThroughOthers) {
@@ -53,7 +62,7 @@ TEST_F(Groups, GroupsOfSomebodyUnknown) {
          {host::Account{L"CORP", L"nobody", {}}, host::Account{L"FS01", L"ada", {}},
           host::Account{L"OTHER", L"ada", {}}, host::Account{}}) {
         const auto answer = host::localGroupsOf({}, account);
-        EXPECT_TRUE(answer.isMissing()) << description::sidText(account.sid);
+        EXPECT_TRUE(answer.isMissing()) << host::sidText(account.sid);
     }
 }
 

@@ -1,4 +1,5 @@
 #include "runtime/host/description/scanner.h"
+#include "runtime/host/sid_text.h"
 #include "tests/runtime/host/described/described_accounts.h"
 
 namespace {
@@ -17,10 +18,10 @@ TEST_F(Members, MembersOfLocalGroupsAreKnownBySidWhereTheyHaveOne) {
     EXPECT_TRUE(page.value.items[0].sid == staff.sid);
     EXPECT_EQ(page.value.items[0].name, L"");
     EXPECT_EQ(fullNames({page.value.items[1]}), Names{L"CORP\\eva"});
-    EXPECT_EQ(description::sidText(page.value.items[2].sid), L"S-1-5-21-6-6-6-7");
+    EXPECT_EQ(host::sidText(page.value.items[2].sid), L"S-1-5-21-6-6-6-7");
     EXPECT_EQ(fullNames({page.value.items[3]}), Names{L"other\\bob"});
-    EXPECT_EQ(description::sidText(page.value.items[4].sid), L"S-1-1-0");
-    EXPECT_EQ(description::sidText(page.value.items[5].sid), L"S-1-5-32-544");
+    EXPECT_EQ(host::sidText(page.value.items[4].sid), L"S-1-1-0");
+    EXPECT_EQ(host::sidText(page.value.items[5].sid), L"S-1-5-32-544");
     EXPECT_TRUE(host::localGroupMembers({L"DC01"}, {L"CORP", L"Staff", {}}, 0).isMissing());
     EXPECT_EQ(host::localGroupMembers({}, {L"BUILTIN", L"Administrators", {}}, 0).value.items.size(), 2U);
 }

@@ -1,4 +1,5 @@
 #include "runtime/host/description/scanner.h"
+#include "runtime/host/sid_text.h"
 #include "tests/runtime/host/described/described_accounts.h"
 
 namespace {
@@ -32,7 +33,7 @@ TEST_F(Users, MadeUpSidsAreTheSameAtEveryStart) {
 
 TEST_F(Users, GivenDomainSidsCount) {
     describe("[system]\ncomputer = WS01\nsid = S-1-5-21-1-2-3\n[users]\nGuest\n");
-    EXPECT_EQ(description::sidText(host::users({}, 0).value.items[0].sid), L"S-1-5-21-1-2-3-501");
+    EXPECT_EQ(host::sidText(host::users({}, 0).value.items[0].sid), L"S-1-5-21-1-2-3-501");
 }
 
 TEST_F(Users, GeneratedUsersAreMadeUpPageByPage) {

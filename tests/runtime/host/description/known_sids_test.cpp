@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "runtime/host/description/scanner.h"
+#include "runtime/host/sid_text.h"
 
 namespace {
 
-using description::sidText;
+using host::sidText;
 
 TEST(KnownSids, GroupsOfBuiltinHaveTheirIdentifiers) {
     EXPECT_EQ(description::builtinGroup(L"administrators"), 544U);

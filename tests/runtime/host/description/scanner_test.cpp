@@ -1,4 +1,5 @@
 #include "runtime/host/description/scanner.h"
+#include "runtime/host/sid_text.h"
 
 #include <gtest/gtest.h>
 
@@ -57,15 +58,6 @@ TEST(Trimmed, LeavesNoBlanksAtTheEnds) {
     EXPECT_EQ(description::trimmed(L" \t"), L"");
 }
 
-TEST(NumberOf, IsDecimalAndNothingElse) {
-    EXPECT_EQ(description::numberOf(L"0"), 0U);
-    EXPECT_EQ(description::numberOf(L"18446744073709551615"), 18446744073709551615U);
-    EXPECT_EQ(description::numberOf(L"100", 100), 100U);
-    for (const wchar_t* text : {L"", L"18446744073709551616", L"-1", L"+1", L"1 ", L"0x1", L"1.5"})
-        EXPECT_FALSE(description::numberOf(text)) << text;
-    EXPECT_FALSE(description::numberOf(L"101", 100));
-}
-
 TEST(CauseOf, SomeCodesRefuse) {
     EXPECT_TRUE(description::causeOf(5).refused);
     EXPECT_FALSE(description::causeOf(21).refused);
@@ -90,19 +82,6 @@ TEST(CodeOf, IsDecimalOrHexadecimal) {
     EXPECT_EQ(description::codeOf(L"4294967295"), 0xFFFFFFFFU);
     for (const wchar_t* text : {L"", L"0x", L"0x123456789", L"0xg", L"4294967296", L"-1", L"5a"}) {
         EXPECT_FALSE(description::codeOf(text)) << text;
-    }
-}
-
-TEST(SidText, ThereAndBack) {
-    for (const wchar_t* text : {L"S-1-5-32-544", L"S-1-1-0", L"S-1-5-21-4294967295-0-1-2",
-                                L"S-1-281474976710655-1", L"S-1-5-1-2-3-4-5-6-7-8-9-10-11-12-13-14-15"}) {
-        ASSERT_TRUE(description::sidOf(text)) << text;
-        EXPECT_EQ(description::sidText(*description::sidOf(text)), text);
-    }
-    for (const wchar_t* text :
-         {L"", L"S-1-5", L"S-1-", L"S-1-5-", L"S-1-5-32-", L"S-2-5-32", L"S-1-5-4294967296", L"S-1-5--1",
-          L"S-1-5-1-2-3-4-5-6-7-8-9-10-11-12-13-14-15-16", L"S-1-281474976710656-1"}) {
-        EXPECT_FALSE(description::sidOf(text)) << text;
     }
 }
 

@@ -8,7 +8,7 @@
 #include <cwchar>
 #include <string>
 
-#include "runtime/host/description/fold.h"
+#include "runtime/host/letter_case.h"
 #include "runtime/host/os.h"
 #include "tests/windows/made_up/clusapi/services.h"
 #include "tests/windows/made_up/clusapi/volumes.h"
@@ -76,7 +76,7 @@ template <class Part>
 Object* openPart(const char* function, DWORD kind, const std::vector<Part>& parts, const wchar_t* name) {
     if (opensNothing(function)) return nullptr;
     const auto found = std::find_if(parts.begin(), parts.end(), [&](const Part& part) {
-        return description::equalFolded(part.name, name);
+        return host::equalIgnoringCase(part.name, name);
     });
     if (found != parts.end()) return opened({kind, static_cast<std::size_t>(found - parts.begin())});
     SetLastError(ERROR_NOT_FOUND);

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "runtime/host/description/fold.h"
+#include "runtime/host/letter_case.h"
 
 namespace made_up {
 
@@ -17,8 +17,8 @@ const description::DomainDescription& domain() {
 /// Whether `server` is the computer `name`, alone or followed by the domain's DNS name.
 bool isComputer(const std::wstring& server, const std::wstring& name) {
     if (name.empty()) return false;
-    return description::equalFolded(server, name) ||
-           description::equalFolded(server, name + L"." + domain().dnsName);
+    return host::equalIgnoringCase(server, name) ||
+           host::equalIgnoringCase(server, name + L"." + domain().dnsName);
 }
 
 bool isHere(const std::wstring& server) {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cwchar>
 
-#include "runtime/host/description/fold.h"
+#include "runtime/host/letter_case.h"
 #include "tests/windows/made_up/netapi32/call.h"
 #include "tests/windows/made_up/netapi32/exports.h"
 
@@ -37,7 +37,7 @@ host::Account accountAt(const Call& call, const std::wstring& name) {
     if (separator == std::wstring::npos)
         return directory().userNamed(call.scope(), name).value_or(host::Account{L"", name, {}});
     const std::wstring domain = name.substr(0, separator), user = name.substr(separator + 1);
-    const bool isComputer = description::equalFolded(domain, directory().label(Scope::computer));
+    const bool isComputer = host::equalIgnoringCase(domain, directory().label(Scope::computer));
     if (isComputer || !directory().isDomainName(domain)) return {domain, user, {}};
     const host::Account unknown{std::wstring(directory().label(Scope::domain)), user, {}};
     return directory().userNamed(Scope::domain, user).value_or(unknown);
@@ -45,7 +45,7 @@ host::Account accountAt(const Call& call, const std::wstring& name) {
 
 DWORD causeOf(const Call& call, GroupKind kind, const host::Account& user) {
     const auto& causes = call.groups(kind).accountCauses;
-    for (const std::wstring& key : {description::folded(user.name), std::wstring(L"*")}) {
+    for (const std::wstring& key : {host::folded(user.name), std::wstring(L"*")}) {
         const auto found = causes.find(key);
         if (found != causes.end()) return found->second.code;
     }

@@ -1,8 +1,8 @@
 /// The members of groups, as the network library tells them: those of local groups by SID, those of global
 /// groups by name.
 
-#include "runtime/host/description/fold.h"
 #include "runtime/host/description/known_sids.h"
+#include "runtime/host/letter_case.h"
 #include "tests/windows/made_up/netapi32/call.h"
 #include "tests/windows/made_up/netapi32/exports.h"
 
@@ -24,7 +24,7 @@ struct NameOnly {
 std::optional<host::Account> groupNamed(GroupKind kind, const std::wstring& name) {
     for (std::uint64_t i = 0; i < directory().groupCount(kind); ++i) {
         const host::Account group = directory().group(kind, i);
-        if (description::equalFolded(group.name, name)) return group;
+        if (host::equalIgnoringCase(group.name, name)) return group;
     }
     return std::nullopt;
 }

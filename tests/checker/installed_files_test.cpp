@@ -1,4 +1,4 @@
-#include "checker/padded.h"
+#include "checker/installed_files.h"
 
 #include <gtest/gtest.h>
 
